@@ -1,0 +1,108 @@
+// Variant: the owner of one automation value.
+#pragma once
+
+#include "halyard/object/bstr.h"
+#include "halyard/object/error.h"
+#include "halyard/object/ptr.h"
+
+namespace halyard {
+
+class Variant {
+ public:
+  // VT_EMPTY.
+  Variant() noexcept { VariantInit(&value_); }
+
+  // Scalars of the obvious types: VT_I2, VT_I4, VT_UI1, VT_R4, VT_R8.
+  explicit Variant(SHORT value) noexcept : Variant() { Tag(VT_I2).iVal = value; }
+  explicit Variant(LONG value) noexcept : Variant() { Tag(VT_I4).lVal = value; }
+  explicit Variant(BYTE value) noexcept : Variant() { Tag(VT_UI1).bVal = value; }
+  explicit Variant(float value) noexcept : Variant() { Tag(VT_R4).fltVal = value; }
+  explicit Variant(double value) noexcept : Variant() { Tag(VT_R8).dblVal = value; }
+
+  // VT_BSTR with a copy of the text. Throws std::bad_alloc when memory is out.
+  explicit Variant(WideView text) : Variant() {
+    Bstr copy(text);
+    Tag(VT_BSTR).bstrVal = copy.Detach();
+  }
+  explicit Variant(const OLECHAR* text) : Variant(WideView(text)) {}
+
+  // VT_DISPATCH, sharing the object (which may be none).
+  explicit Variant(IDispatch* object) noexcept : Variant() {
+    Tag(VT_DISPATCH).pdispVal = Ptr<IDispatch>(object).Detach();
+  }
+
+  // VT_DATE of days since 30 December 1899.
+  static Variant FromDate(DATE days) noexcept {
+    Variant result;
+    result.Tag(VT_DATE).date = days;
+    return result;
+  }
+  // VT_NULL.
+  static Variant Null() noexcept {
+    Variant result;
+    result.Tag(VT_NULL);
+    return result;
+  }
+  // VT_BOOL.
+  static Variant FromBool(bool value) noexcept {
+    Variant result;
+    result.Tag(VT_BOOL).boolVal = value ? VARIANT_TRUE : VARIANT_FALSE;
+    return result;
+  }
+
+  // An independent copy of somebody's value; a failing copy is raised.
+  static Variant CopyOf(const VARIANT& value) {
+    Variant result;
+    Check(VariantCopy(&result.value_, Source(value)));
+    return result;
+  }
+
+  Variant(Variant&& other) noexcept : value_(other.value_) { VariantInit(&other.value_); }
+  Variant& operator=(Variant&& other) noexcept {
+    std::swap(value_, other.value_);
+    return *this;
+  }
+  Variant(const Variant&) = delete;
+  Variant& operator=(const Variant&) = delete;
+  ~Variant() { VariantClear(&value_); }
+
+  // The type of `value` converted, in a new variant; a failing conversion is raised.
+  static Variant Converted(const VARIANT& value, VARTYPE type) {
+    Variant result;
+    Check(VariantChangeType(&result.value_, Source(value), 0, type));
+    return result;
+  }
+
+  // The value, still owned here; it may be read and, with care for ownership, changed.
+  [[nodiscard]] const VARIANT& get() const noexcept { return value_; }
+  [[nodiscard]] VARIANT& get() noexcept { return value_; }
+  const VARIANT* operator->() const noexcept { return &value_; }
+  [[nodiscard]] VARTYPE type() const noexcept { return value_.vt; }
+
+  // The place for an out argument; what was held is cleared first.
+  [[nodiscard]] VARIANT* Out() noexcept {
+    VariantClear(&value_);
+    VariantInit(&value_);
+    return &value_;
+  }
+
+  // Hands the value to the caller, who must clear it; this one is empty then.
+  [[nodiscard]] VARIANT Detach() noexcept {
+    const VARIANT result = value_;
+    VariantInit(&value_);
+    return result;
+  }
+
+ private:
+  // Some declarations of the platform's functions forget that they only read.
+  static VARIANT* Source(const VARIANT& value) noexcept { return const_cast<VARIANT*>(&value); }
+
+  VARIANT& Tag(VARTYPE type) noexcept {
+    value_.vt = type;
+    return value_;
+  }
+
+  VARIANT value_;
+};
+
+}  // namespace halyard

@@ -1,0 +1,29 @@
+// IOrmHelp: makes arrays without a definition made by hand first, and wraps a block of
+// the client's memory as an array.
+#pragma once
+
+#include "halyard/object/interface_id.h"
+
+namespace halyard {
+
+struct ISimpleFixedArray;
+
+struct IOrmHelp : IDispatch {
+  using Base = IDispatch;
+  static constexpr IID kIid = {0x1E0AD807, 0x4C73, 0x4A4B, {0x82, 0xB2, 0xFA, 0x23, 0xA8, 0x0D, 0x91, 0x42}};
+
+  // A new, empty array of variable length. The element type is a type name, a type
+  // code, or a definition object (VT_DISPATCH) that becomes the element definition.
+  // Null for types without a prepared definition (FixedString, ByteArray, Int64, codes
+  // above 13) and for objects that are no definition. The caller owns the array.
+  virtual HRESULT STDMETHODCALLTYPE CreateArray(VARIANT vElementType, IDispatch** ppResult) = 0;
+
+  // An array of nElemCount elements over the caller's block, which it neither allocates
+  // nor frees and which must outlive it. Null when wElementSize (bytes) times count is
+  // not what the element type needs. The caller owns the array.
+  virtual HRESULT STDMETHODCALLTYPE CreateShellArray(VARIANT vElementType, USHORT wElementSize,
+                                                     LONG nElemCount, unsigned char* pDataPointer,
+                                                     ISimpleFixedArray** pResult) = 0;
+};
+
+}  // namespace halyard

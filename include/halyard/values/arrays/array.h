@@ -1,0 +1,40 @@
+// IArray: a value with elements of one definition, and the bulk transfer of one number
+// of every element to or from a flat buffer.
+//
+// Member paths: "Depth" is the member Depth of each element, "Position.X" a member of a
+// nested structure, "Samples[3]" an element of a nested array; the empty path is the
+// element itself. Number types are Char, Byte, Short, Word, Long, DWord, ShortReal and
+// Real, given by name (letter case ignored) or code.
+#pragma once
+
+#include "halyard/values/value_base.h"
+
+namespace halyard {
+
+struct IArray : IValueBase {
+  using Base = IValueBase;
+  static constexpr IID kIid = {0xF5F524F0, 0xF1CC, 0x4B4D, {0xAF, 0xF5, 0x96, 0x9F, 0x26, 0x63, 0x7E, 0x1E}};
+
+  // Writes the number that the path selects in each element into pBuffer, in element
+  // order, little-endian and without gaps, converted as C++ converts numbers (reals are
+  // cut toward zero). False when the path is not understood; its fault is shown as a
+  // message. The caller's buffer must hold elements x number width bytes: its size is
+  // not known here and not checked.
+  virtual HRESULT STDMETHODCALLTYPE BuildNumericArray(BSTR szMemberString, VARIANT vtNumberType,
+                                                      unsigned char* pBuffer, VARIANT_BOOL* pbResult) = 0;
+
+  // The reverse: takes numbers from pBuffer, one an element, and stores them. False,
+  // without a message, when the path is not understood.
+  virtual HRESULT STDMETHODCALLTYPE ReadNumericArray(BSTR szMemberString, VARIANT vtNumberType,
+                                                     unsigned char* pBuffer, VARIANT_BOOL* pbResult) = 0;
+};
+
+// What the class Array answers: an array of value objects (structures, enumerations,
+// arrays, simple values). Encoding: the count (4 bytes, only where the definition fixes
+// none) and the elements' own encodings one after another.
+struct IArrayImpl : IArray {
+  using Base = IArray;
+  static constexpr IID kIid = {0xF8C4CE65, 0xDC32, 0x4B21, {0xBF, 0xB1, 0x4A, 0xB6, 0x04, 0xE0, 0x01, 0x9C}};
+};
+
+}  // namespace halyard

@@ -1,0 +1,29 @@
+// IStructure: a record value. Members are reached by name or position through Item and,
+// where a member is an object of its own, through At.
+//
+// Two classes answer it. SimpleFixedStructure, for definitions whose members all have a
+// fixed place, is one block of bytes: At is E_NOTIMPL and the encoding is the block.
+// Structure keeps members of fixed size in a block and every other member as a value
+// object, which is null (VT_NULL) where it was put so; the encoding is the members one
+// after another, a member that can be null led by a flag byte (1: null, nothing follows).
+//
+// A position outside 0..count-1 and an unknown name mean no member: Item reads VT_NULL,
+// Name the empty string, At null, and a put does nothing.
+#pragma once
+
+#include "halyard/values/value_base.h"
+
+namespace halyard {
+
+struct IStructure : IValueBase {
+  using Base = IValueBase;
+  static constexpr IID kIid = {0x0EBEB996, 0xAE39, 0x4AB3, {0x83, 0xC7, 0xAB, 0xBB, 0x87, 0x9A, 0x04, 0x61}};
+};
+
+// What the class SimpleFixedStructure answers.
+struct ISimpleFixedStructure : IStructure {
+  using Base = IStructure;
+  static constexpr IID kIid = {0x7862DFDE, 0x0F59, 0x435C, {0xAB, 0xFC, 0x91, 0x5B, 0xB2, 0x89, 0xC3, 0x5C}};
+};
+
+}  // namespace halyard

@@ -1,0 +1,40 @@
+// The error boundary: inside the library failures are exceptions, at an interface they
+// are status codes with an error object. Every interface method body runs in Guarded.
+#pragma once
+
+#include <type_traits>
+#include <utility>
+
+#include "halyard/object/error.h"
+
+namespace halyard {
+
+// Turns the exception in flight into its status, leaving an error object for the
+// caller: that of the failing object where it supplied one, else one that says which
+// class and operation failed and why. Only for use in a catch block.
+HRESULT ReportFailure(const char* class_name, const char* operation) noexcept;
+
+// Runs the body of an interface method. The body answers a status or, returning
+// nothing, S_OK; whatever it throws becomes the status of ReportFailure.
+template <class Body>
+HRESULT Guarded(const char* class_name, const char* operation, Body&& body) noexcept {
+  try {
+    if constexpr (std::is_void_v<decltype(body())>) {
+      std::forward<Body>(body)();
+      return S_OK;
+    } else {
+      return std::forward<Body>(body)();
+    }
+  } catch (...) {
+    return ReportFailure(class_name, operation);
+  }
+}
+
+// The place that a required out argument points at; raises E_POINTER for null.
+template <class T>
+T& Out(T* place) {
+  if (place == nullptr) throw Error(E_POINTER, "an out argument is a null pointer");
+  return *place;
+}
+
+}  // namespace halyard

@@ -1,0 +1,38 @@
+// Files behind 32-bit handles, as the file of units holds them: on Windows a file
+// handle, elsewhere a file descriptor. Failures are told by the result alone.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "halyard/platform/wide_text.h"
+
+namespace halyard {
+
+using FileHandle = LONG;
+inline constexpr FileHandle kNoFile = -1;
+
+// Opens an existing file; others may read it meanwhile, not write it. kNoFile on
+// failure, also for a directory.
+FileHandle OpenFileForRead(WideView name) noexcept;
+
+// Creates or empties a file that nobody else may open meanwhile. kNoFile on failure.
+FileHandle OpenFileForWrite(WideView name) noexcept;
+
+void CloseFile(FileHandle handle) noexcept;
+
+// Reads up to `size` bytes. `*count` is what was read, less than `size` only at the end
+// of the file. False when the system reports a failure.
+bool ReadFromFile(FileHandle handle, void* bytes, std::uint32_t size, std::uint32_t* count) noexcept;
+
+// Writes all `size` bytes or reports false.
+bool WriteToFile(FileHandle handle, const void* bytes, std::uint32_t size) noexcept;
+
+// How many bytes lie between the position and the end; none for a handle that has no
+// length, such as a pipe.
+std::optional<std::uint64_t> BytesToEnd(FileHandle handle) noexcept;
+
+// Moves to the end of a file that has a length.
+void SkipToEnd(FileHandle handle) noexcept;
+
+}  // namespace halyard
