@@ -1,0 +1,4 @@
+# Windows, 64 bits.
+set(HALYARD_MINGW x86_64-w64-mingw32)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+include(${CMAKE_CURRENT_LIST_DIR}/mingw-common.cmake)
