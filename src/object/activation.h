@@ -9,8 +9,8 @@
 namespace halyard {
 
 // Creates an object of the class in any context, asks it for IUnknown and puts it into
-// the running state. Raises the failure.
-Ptr<IUnknown> Activate(REFCLSID clsid);
+// the running state. Empty when any of that fails: what needs the object says so then.
+Ptr<IUnknown> Activate(REFCLSID clsid) noexcept;
 
 // As Activate, asked for interface I; empty where the object lacks it.
 template <class I>

@@ -5,9 +5,9 @@
 
 namespace halyard {
 
-Ptr<IUnknown> Activate(REFCLSID clsid) {
+Ptr<IUnknown> Activate(REFCLSID clsid) noexcept {
   Ptr<IUnknown> object;
-  Check(CoCreateInstance(clsid, nullptr, CLSCTX_ALL, IidOf<IUnknown>, object.OutVoid()));
+  if (FAILED(CoCreateInstance(clsid, nullptr, CLSCTX_ALL, IidOf<IUnknown>, object.OutVoid()))) return nullptr;
   return object;
 }
 

@@ -3,10 +3,10 @@
 
 namespace halyard {
 
-Ptr<IUnknown> Activate(REFCLSID clsid) {
+Ptr<IUnknown> Activate(REFCLSID clsid) noexcept {
   Ptr<IUnknown> object;
-  Check(CoCreateInstance(clsid, nullptr, CLSCTX_ALL, IidOf<IUnknown>, object.OutVoid()));
-  Check(OleRun(object.get()));
+  if (FAILED(CoCreateInstance(clsid, nullptr, CLSCTX_ALL, IidOf<IUnknown>, object.OutVoid()))) return nullptr;
+  if (object && FAILED(OleRun(object.get()))) object.Reset();
   return object;
 }
 

@@ -1,0 +1,33 @@
+#include "definitions/identity.h"
+
+#include "platform/text.h"
+
+namespace halyard {
+namespace {
+
+// The id and the two lengths.
+constexpr std::size_t kFixedBytes = 6;
+
+bool PutNarrow(WriteCursor& cursor, const std::string& text) {
+  return cursor.PutText(text, static_cast<std::uint16_t>(text.size()));
+}
+
+}  // namespace
+
+void Identity::SetName(BSTR text) { name = NarrowToZero(ViewOf(text)); }
+
+BSTR Identity::NewName() const { return Bstr(Widen(name)).Detach(); }
+
+std::uint16_t Identity::PacketSize() const noexcept {
+  return static_cast<std::uint16_t>(kFixedBytes + name.size() + caption.size());
+}
+
+bool Identity::Decode(ReadCursor& cursor) {
+  return cursor.Take(id) && cursor.TakeText(name) && cursor.TakeText(caption);
+}
+
+bool Identity::Encode(WriteCursor& cursor) const {
+  return cursor.Put(id) && PutNarrow(cursor, name) && PutNarrow(cursor, caption);
+}
+
+}  // namespace halyard

@@ -1,0 +1,105 @@
+// The encoding of a structure definition: identity, member count (2 bytes), data size
+// (2), then each member's name and caption, null flag (1), type code (2), data size (2)
+// and definition.
+#include "definitions/nested_definition.h"
+#include "definitions/structure_info.h"
+#include "object/nesting.h"
+
+namespace halyard {
+namespace {
+
+constexpr ULONG kCountAndSizeBytes = 4;
+constexpr char kNoDefinition[] = "a member has no definition";
+constexpr ULONG kMemberBytes = 9;  // two lengths, flag, type code, data size
+
+bool PutText(WriteCursor& cursor, const OptionalText& text) {
+  return cursor.PutText(text.NarrowForm(), text.EncodedLength());
+}
+
+bool TakeText(ReadCursor& cursor, OptionalText& text) {
+  std::string narrow;
+  if (!cursor.TakeText(narrow)) return false;
+  text.SetNarrow(narrow);
+  return true;
+}
+
+ULONG MemberTextSize(const MemberLayout& member) noexcept {
+  return ULONG{member.name.EncodedLength()} + member.caption.EncodedLength();
+}
+
+bool EncodeMember(WriteCursor& cursor, const MemberLayout& member) {
+  const Ptr<IValueDefBase> definition = member.definition;
+  if (!PutText(cursor, member.name) || !PutText(cursor, member.caption) ||
+      !cursor.Put(static_cast<std::uint8_t>(member.can_be_null ? 1 : 0))) {
+    return false;
+  }
+  Require(definition, kNoDefinition);
+  SHORT type = 0;
+  Check(definition->get_Type(&type), definition);
+  if (!cursor.Put(type)) return false;
+  ULONG size = 0;
+  Check(definition->get_DataSize(&size), definition);
+  return cursor.Put(static_cast<std::uint16_t>(size)) && EncodeDefinition(*definition, cursor);
+}
+
+}  // namespace
+
+HRESULT StructureInfo::get_PacketSize(ULONG* pdwSize) {
+  return Call("PacketSize", [&] {
+    ULONG& result = Out(pdwSize);
+    const WalkingLevel level;
+    const StructureLayout& layout = Whole();
+    ULONG total = identity_.PacketSize() + kCountAndSizeBytes;
+    for (std::size_t i = 0; i < layout.members.size(); ++i) {
+      total += MemberTextSize(layout.members[i]);
+      const Ptr<IValueDefBase> definition = Require(layout.members[i].definition, kNoDefinition);
+      ULONG size = 0;
+      Check(definition->get_PacketSize(&size), definition);
+      total += kMemberBytes + size;
+    }
+    result = total;
+  });
+}
+
+bool StructureInfo::Encode(WriteCursor& cursor) {
+  const StructureLayout& layout = Whole();
+  if (!identity_.Encode(cursor) || !cursor.Put(static_cast<std::uint16_t>(layout.members.size())) ||
+      !cursor.Put(layout.data_size)) {
+    return false;
+  }
+  for (std::size_t i = 0; i < layout.members.size(); ++i) {
+    if (!EncodeMember(cursor, layout.members[i])) return false;
+  }
+  return true;
+}
+
+bool StructureInfo::Decode(ReadCursor& cursor) {
+  const ReadingLevel level;
+  std::uint16_t count = 0;
+  if (level.TooDeep() || !identity_.Decode(cursor) || !cursor.Take(count)) return false;
+  std::vector<MemberLayout>& members = layout_.members;
+  if (members.size() > count) members.resize(count);
+  announced_ = count;
+  if (!cursor.Take(layout_.data_size)) return false;
+  for (std::size_t i = 0; i < count; ++i) {
+    if (i == members.size()) members.emplace_back();
+    if (!DecodeMember(cursor, members[i])) return false;
+  }
+  CalculateLayout();
+  return true;
+}
+
+bool StructureInfo::DecodeMember(ReadCursor& cursor, MemberLayout& member) {
+  std::uint8_t can_be_null = 0;
+  std::uint16_t type = 0;
+  std::uint16_t size = 0;  // follows from the definition; not looked at
+  if (!TakeText(cursor, member.name) || !TakeText(cursor, member.caption) || !cursor.Take(can_be_null))
+    return false;
+  member.can_be_null = can_be_null != 0;
+  if (!cursor.Take(type) || !cursor.Take(size)) return false;
+  member.definition = DefinitionForReading(type, std::move(member.definition));
+  const Ptr<IValueDefBase> definition = Require(member.definition, "a member's type has no definition class");
+  return DecodeDefinition(*definition, cursor);
+}
+
+}  // namespace halyard

@@ -1,0 +1,277 @@
+#include "definitions/structure_info.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+#include "definitions/value_creation.h"
+#include "halyard/classes.h"
+#include "halyard/definitions/array_def.h"
+#include "halyard/definitions/simple_value_def.h"
+#include "halyard/object/variant.h"
+#include "object/class_table.h"
+#include "object/nesting.h"
+
+namespace halyard {
+namespace {
+
+constexpr char kNoMember[] = "the structure has no such member";
+
+Ptr<ISimpleValueDef> NewSimpleDefinition(SHORT type) {
+  Ptr<ISimpleValueDef> definition = ConstructAs<ISimpleValueDef>(kSimpleValueInfoClass);
+  Check(definition->put_Validation(VARIANT_FALSE), definition);
+  Check(definition->put_Type(type), definition);
+  return definition;
+}
+
+Ptr<IArrayDef> NewArrayDefinition(SHORT element_type, LONG count) {
+  Ptr<IArrayDef> definition = ConstructAs<IArrayDef>(kArrayInfoClass);
+  Check(definition->put_DataType(element_type), definition);
+  Check(definition->put_ElementCount(count), definition);
+  Check(definition->put_Id(0), definition);
+  return definition;
+}
+
+struct MemberMeasure {
+  ULONG size;
+  SHORT type;
+};
+
+// Size and type of a member, from its definition, which calculates itself anew.
+MemberMeasure Measure(Ptr<IValueDefBase> definition) {
+  Require(definition, "a member has no definition");
+  MemberMeasure measure{};
+  Check(definition->CalculateDataSize(&measure.size), definition);
+  Check(definition->get_Type(&measure.type), definition);
+  return measure;
+}
+
+// Gives members their places one after another: elementary ones of known size that
+// cannot be null side by side in the block, the others a slot each.
+class MemberPlacer {
+ public:
+  void Place(MemberLayout& member, const MemberMeasure& measure) noexcept {
+    const bool fixed = measure.size != 0 && !member.can_be_null && measure.type <= kLastElementaryType;
+    member.type = static_cast<std::uint16_t>(measure.type);
+    member.size = fixed ? static_cast<std::uint16_t>(measure.size) : std::uint16_t{0};
+    member.offset = fixed ? offset_ : slot_;
+    if (fixed) {
+      offset_ = static_cast<std::uint16_t>(offset_ + measure.size);
+    } else {
+      ++slot_;
+    }
+  }
+
+ private:
+  std::uint16_t offset_ = 0;
+  std::uint16_t slot_ = 0;
+};
+
+}  // namespace
+
+HRESULT StructureInfo::get_Count(LONG* pnCount) {
+  return Call("Count",
+              [&] { Out(pnCount) = static_cast<LONG>(std::max(layout_.members.size(), announced_)); });
+}
+
+HRESULT StructureInfo::get_Id(SHORT* pnId) {
+  return Call("Id", [&] { Out(pnId) = static_cast<SHORT>(identity_.id); });
+}
+
+HRESULT StructureInfo::put_Id(SHORT nId) {
+  identity_.id = static_cast<std::uint16_t>(nId);
+  return S_OK;
+}
+
+HRESULT StructureInfo::get_Name(BSTR* psName) {
+  return Call("Name", [&] { Out(psName) = identity_.NewName(); });
+}
+
+HRESULT StructureInfo::put_Name(BSTR sName) {
+  return Call("Name", [&] { identity_.SetName(sName); });
+}
+
+HRESULT StructureInfo::get_DataSize(ULONG* pdwSize) {
+  return Call("DataSize", [&] { Out(pdwSize) = layout_.data_size; });
+}
+
+HRESULT StructureInfo::CalculateDataSize(ULONG* pdwSize) {
+  return Call("CalculateDataSize", [&] {
+    ULONG& size = Out(pdwSize);
+    CalculateLayout();
+    size = layout_.data_size;
+  });
+}
+
+HRESULT StructureInfo::CreateDataObject(IValueBase** ppResult) {
+  return Call("CreateDataObject", [&] {
+    IValueBase*& result = Out(ppResult);
+    result = CreateValueOf(this, layout_.fixed ? kSimpleFixedStructureClass : kStructureClass).Detach();
+  });
+}
+
+HRESULT StructureInfo::get_MemberCount(LONG* pnCount) { return get_Count(pnCount); }
+
+HRESULT StructureInfo::get_MemberName(LONG nIndex, BSTR* psName) {
+  return Call("MemberName", [&] {
+    if (psName != nullptr) *psName = MemberAt(nIndex).name.NewCopy();
+  });
+}
+
+HRESULT StructureInfo::put_MemberName(LONG nIndex, BSTR sName) {
+  return Call("MemberName", [&] { MemberAt(nIndex).name.Set(sName); });
+}
+
+HRESULT StructureInfo::get_Members(VARIANT vIndex, IValueDefBase** ppDef) {
+  return Call("Members", [&] {
+    Out(ppDef) = nullptr;
+    if (const MemberLayout* member = FindMember(vIndex)) *ppDef = Ptr(member->definition).Detach();
+  });
+}
+
+HRESULT StructureInfo::put_Members(VARIANT vIndex, IValueDefBase* pDef) {
+  return Call("Members", [&] {
+    if (pDef == nullptr) throw Error(E_INVALIDARG, "a member's definition cannot be replaced by none");
+    Ptr<IValueDefBase> definition = QueryFor<IValueDefBase>(pDef);
+    if (MemberLayout* member = FindMember(vIndex)) member->definition = std::move(definition);
+  });
+}
+
+HRESULT StructureInfo::AddMember(BSTR sName, IDispatch* pValueType, VARIANT_BOOL* pbResult) {
+  return Call("AddMember", [&] {
+    VARIANT_BOOL& result = Out(pbResult);
+    Append(sName, QueryFor<IValueDefBase>(pValueType));
+    result = VARIANT_TRUE;
+  });
+}
+
+HRESULT StructureInfo::AddSimpleMember(BSTR sName, SHORT DataType, VARIANT_BOOL* pbResult) {
+  return Call("AddSimpleMember", [&] {
+    Out(pbResult) = VARIANT_FALSE;
+    if (DataType > kLastElementaryType) return;
+    Append(sName, NewSimpleDefinition(DataType));
+    *pbResult = VARIANT_TRUE;
+  });
+}
+
+HRESULT StructureInfo::AddSimpleMemberSized(BSTR sName, SHORT DataType, SHORT DataSize,
+                                            VARIANT_BOOL* pbResult) {
+  return Call("AddSimpleMemberSized", [&] {
+    Out(pbResult) = VARIANT_FALSE;
+    if (DataType > kLastElementaryType) return;
+    const Ptr<ISimpleValueDef> definition = NewSimpleDefinition(DataType);
+    Check(definition->SetDataSize(DataSize), definition);
+    Append(sName, definition);
+    *pbResult = VARIANT_TRUE;
+  });
+}
+
+HRESULT StructureInfo::Remove(VARIANT vIndex) {
+  return Call("Remove", [&] {
+    const MemberLayout* member = FindMember(vIndex);
+    if (member == nullptr) return;
+    std::vector<MemberLayout>& members = Whole().members;
+    // Held until the table is whole again: a member's end may look at it.
+    const Ptr<IValueDefBase> definition = member->definition;
+    members.erase(members.begin() + (member - members.data()));
+  });
+}
+
+HRESULT StructureInfo::RemoveAll() {
+  // Emptied before the members go, so that a member's end finds a whole definition.
+  announced_ = 0;
+  const std::vector<MemberLayout> old = std::exchange(layout_.members, {});
+  return S_OK;
+}
+
+HRESULT StructureInfo::MemberIndex(BSTR sName, LONG* pnIndex) {
+  return Call("MemberIndex", [&] { Out(pnIndex) = Whole().Find(ViewOf(sName)); });
+}
+
+HRESULT StructureInfo::MemberInfo(LONG nIndex, SHORT* pDataType, LONG* pOffset, ULONG* pDataSize,
+                                  VARIANT_BOOL* pbResult) {
+  return Call("MemberInfo", [&] {
+    SHORT& type = Out(pDataType);
+    LONG& offset = Out(pOffset);
+    ULONG& size = Out(pDataSize);
+    Out(pbResult) = VARIANT_FALSE;
+    const MemberLayout& member = MemberAt(nIndex);
+    type = static_cast<SHORT>(member.type);
+    offset = member.offset;
+    size = member.size;
+    *pbResult = VARIANT_TRUE;
+  });
+}
+
+HRESULT StructureInfo::get_CanBeNull(VARIANT vIndex, VARIANT_BOOL* pbCanBeNull) {
+  return Call("CanBeNull", [&] {
+    VARIANT_BOOL& result = Out(pbCanBeNull);
+    const MemberLayout* member = FindMember(vIndex);
+    if (member == nullptr) throw Error(E_INVALIDARG, kNoMember);
+    result = member->can_be_null ? VARIANT_TRUE : VARIANT_FALSE;
+  });
+}
+
+HRESULT StructureInfo::put_CanBeNull(VARIANT vIndex, VARIANT_BOOL bCanBeNull) {
+  return Call("CanBeNull", [&] {
+    MemberLayout* member = FindMember(vIndex);
+    if (member == nullptr) throw Error(E_INVALIDARG, kNoMember);
+    member->can_be_null = bCanBeNull != VARIANT_FALSE;
+  });
+}
+
+HRESULT StructureInfo::AddSimpleArrayMember(BSTR sName, SHORT DataType, LONG nElemCount,
+                                            VARIANT_BOOL* pbResult) {
+  return Call("AddSimpleArrayMember", [&] {
+    Out(pbResult) = VARIANT_FALSE;
+    if (DataType > kLastElementaryType) return;
+    Append(sName, NewArrayDefinition(DataType, nElemCount));
+    *pbResult = VARIANT_TRUE;
+  });
+}
+
+MemberLayout& StructureInfo::MemberAt(LONG position) {
+  std::vector<MemberLayout>& members = Whole().members;
+  if (position < 0 || static_cast<std::size_t>(position) >= members.size()) {
+    throw Error(E_INVALIDARG, "the structure has " + std::to_string(members.size()) +
+                                  " members and none at position " + std::to_string(position));
+  }
+  return members[static_cast<std::size_t>(position)];
+}
+
+MemberLayout* StructureInfo::FindMember(const VARIANT& index) {
+  if (index.vt != VT_BSTR) return &MemberAt(Variant::Converted(index, VT_I4)->lVal);
+  const LONG position = Whole().Find(ViewOf(index.bstrVal));
+  return position < 0 ? nullptr : &MemberAt(position);
+}
+
+void StructureInfo::Append(BSTR name, Ptr<IValueDefBase> definition) {
+  MemberLayout member;
+  member.name.Set(name);
+  member.definition = std::move(definition);
+  Whole().members.push_back(std::move(member));
+}
+
+void StructureInfo::CalculateLayout() {
+  const WalkingLevel level;
+  StructureLayout& layout = Whole();
+  layout.data_size = 0;
+  layout.fixed = true;
+  MemberPlacer placer;
+  // By position: a definition of the client's may change the table while it is asked.
+  for (std::size_t i = 0; i < layout.members.size(); ++i) {
+    const MemberMeasure measure = Measure(layout.members[i].definition);
+    if (i >= layout.members.size()) break;
+    placer.Place(layout.members[i], measure);
+    if (layout.members[i].size == 0) layout.fixed = false;
+    layout.data_size = static_cast<std::uint16_t>(layout.data_size + measure.size);
+  }
+}
+
+StructureLayout& StructureInfo::Whole() {
+  if (announced_ > layout_.members.size()) layout_.members.resize(announced_);
+  announced_ = 0;
+  return layout_;
+}
+
+}  // namespace halyard

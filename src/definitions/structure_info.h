@@ -1,0 +1,76 @@
+// StructureInfo: the definition of a record. Its members are kept in a StructureLayout;
+// structure_encoding.cpp holds its encoding.
+#pragma once
+
+#include "definitions/definition_object.h"
+#include "definitions/identity.h"
+#include "definitions/structure_layout.h"
+#include "halyard/definitions/structure_def.h"
+
+namespace halyard {
+
+class StructureInfo : public DefinitionObject<StructureInfo, IStructureInfo, IStructureLayoutSource> {
+ public:
+  static constexpr char kClassName[] = "StructureInfo";
+  static constexpr SHORT kTypeCode = kStructure;
+
+  HRESULT STDMETHODCALLTYPE get_Count(LONG* pnCount) override;
+  HRESULT STDMETHODCALLTYPE get_Id(SHORT* pnId) override;
+  HRESULT STDMETHODCALLTYPE put_Id(SHORT nId) override;
+  HRESULT STDMETHODCALLTYPE get_Name(BSTR* psName) override;
+  HRESULT STDMETHODCALLTYPE put_Name(BSTR sName) override;
+  HRESULT STDMETHODCALLTYPE get_DataSize(ULONG* pdwSize) override;
+  HRESULT STDMETHODCALLTYPE CalculateDataSize(ULONG* pdwSize) override;
+  HRESULT STDMETHODCALLTYPE get_PacketSize(ULONG* pdwSize) override;
+  HRESULT STDMETHODCALLTYPE CreateDataObject(IValueBase** ppResult) override;
+
+  HRESULT STDMETHODCALLTYPE get_MemberCount(LONG* pnCount) override;
+  HRESULT STDMETHODCALLTYPE get_MemberName(LONG nIndex, BSTR* psName) override;
+  HRESULT STDMETHODCALLTYPE put_MemberName(LONG nIndex, BSTR sName) override;
+  HRESULT STDMETHODCALLTYPE get_Members(VARIANT vIndex, IValueDefBase** ppDef) override;
+  HRESULT STDMETHODCALLTYPE put_Members(VARIANT vIndex, IValueDefBase* pDef) override;
+  HRESULT STDMETHODCALLTYPE AddMember(BSTR sName, IDispatch* pValueType, VARIANT_BOOL* pbResult) override;
+  HRESULT STDMETHODCALLTYPE AddSimpleMember(BSTR sName, SHORT DataType, VARIANT_BOOL* pbResult) override;
+  HRESULT STDMETHODCALLTYPE AddSimpleMemberSized(BSTR sName, SHORT DataType, SHORT DataSize,
+                                                 VARIANT_BOOL* pbResult) override;
+  HRESULT STDMETHODCALLTYPE Remove(VARIANT vIndex) override;
+  HRESULT STDMETHODCALLTYPE RemoveAll() override;
+  HRESULT STDMETHODCALLTYPE MemberIndex(BSTR sName, LONG* pnIndex) override;
+  HRESULT STDMETHODCALLTYPE MemberInfo(LONG nIndex, SHORT* pDataType, LONG* pOffset, ULONG* pDataSize,
+                                       VARIANT_BOOL* pbResult) override;
+  HRESULT STDMETHODCALLTYPE get_CanBeNull(VARIANT vIndex, VARIANT_BOOL* pbCanBeNull) override;
+  HRESULT STDMETHODCALLTYPE put_CanBeNull(VARIANT vIndex, VARIANT_BOOL bCanBeNull) override;
+  HRESULT STDMETHODCALLTYPE AddSimpleArrayMember(BSTR sName, SHORT DataType, LONG nElemCount,
+                                                 VARIANT_BOOL* pbResult) override;
+
+  const StructureLayout& Layout() override { return Whole(); }
+
+  [[nodiscard]] bool Decode(ReadCursor& cursor);
+  [[nodiscard]] bool Encode(WriteCursor& cursor);
+
+ private:
+  // The member at a position; raises E_INVALIDARG outside the table.
+  MemberLayout& MemberAt(LONG position);
+
+  // The member that a client's index means: null for an unknown name; raises
+  // E_INVALIDARG for a position outside the table and what a conversion raises.
+  MemberLayout* FindMember(const VARIANT& index);
+
+  void Append(BSTR name, Ptr<IValueDefBase> definition);
+
+  void CalculateLayout();
+
+  [[nodiscard]] bool DecodeMember(ReadCursor& cursor, MemberLayout& member);
+
+  // The table with all its members. Everything but the reader works on it.
+  StructureLayout& Whole();
+
+  Identity identity_;
+  StructureLayout layout_;
+
+  // How many members a broken encoding announced. They exist for whoever asks, but take
+  // no memory before: a few bytes could announce many.
+  std::size_t announced_ = 0;
+};
+
+}  // namespace halyard

@@ -1,0 +1,21 @@
+#include "object/optional_text.h"
+
+#include "platform/text.h"
+
+namespace halyard {
+
+void OptionalText::Set(BSTR text) {
+  if (text == nullptr) {
+    text_.reset();
+  } else {
+    text_ = WideString(ViewOf(text));
+  }
+}
+
+void OptionalText::SetNarrow(std::string_view narrow) { text_ = Widen(narrow); }
+
+BSTR OptionalText::NewCopy() const { return text_ ? Bstr(*text_).Detach() : nullptr; }
+
+std::string OptionalText::NarrowForm() const { return Narrow(View()); }
+
+}  // namespace halyard
