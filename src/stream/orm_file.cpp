@@ -1,0 +1,206 @@
+#include "stream/orm_file.h"
+
+#include <cstring>
+#include <limits>
+#include <string_view>
+
+#include "halyard/classes.h"
+#include "halyard/object/bstr.h"
+#include "object/activation.h"
+#include "platform/text.h"
+#include "stream/record_buffer.h"
+
+namespace halyard {
+namespace {
+
+// The first bytes of a file of units, the closing zero included.
+constexpr char kSignature[4] = "Orm";
+constexpr float kFormatVersion = 1.0f;
+constexpr std::uint32_t kLengthBytes = 4;
+
+VARIANT_BOOL ToResult(bool value) noexcept { return value ? VARIANT_TRUE : VARIANT_FALSE; }
+
+// Letter case is ignored, as readers have always done.
+bool IsSignature(const char (&bytes)[sizeof kSignature]) noexcept {
+  const std::string_view text(bytes, strnlen(bytes, sizeof bytes));
+  return EqualIgnoringCase(text, std::string_view(kSignature));
+}
+
+}  // namespace
+
+OrmFile::OrmFile()
+    : session_(ActivateAs<IOrmSession>(kOrmSessionClass)),
+      unit_(ActivateAs<IUnit>(kUnitClass)),
+      buffer_(std::make_unique<unsigned char[]>(kWorkBufferSize)) {}
+
+OrmFile::~OrmFile() { CloseHandleIfAny(); }
+
+HRESULT OrmFile::OpenForRead(BSTR sFileName, VARIANT_BOOL bCreateNewSession, VARIANT_BOOL* pbResult) {
+  return Call("OpenForRead", [&]() -> HRESULT {
+    Out(pbResult) = VARIANT_FALSE;
+    CloseHandleIfAny();
+    handle_ = OpenFileForRead(ViewOf(sFileName));
+    return handle_ == kNoFile ? S_OK : AttachForRead(handle_, bCreateNewSession, pbResult);
+  });
+}
+
+HRESULT OrmFile::OpenForWrite(BSTR sFileName, VARIANT_BOOL* pbResult) {
+  return Call("OpenForWrite", [&]() -> HRESULT {
+    Out(pbResult) = VARIANT_FALSE;
+    CloseHandleIfAny();
+    handle_ = OpenFileForWrite(ViewOf(sFileName));
+    return handle_ == kNoFile ? S_OK : AttachForWrite(handle_, pbResult);
+  });
+}
+
+HRESULT OrmFile::get_Session(IOrmSession** ppSession) {
+  return Call("Session", [&] { Out(ppSession) = Ptr(session_).Detach(); });
+}
+
+HRESULT OrmFile::put_Session(IOrmSession* pSession) {
+  return Call("Session", [&] {
+    Ptr<IOrmSession> session = QueryFor<IOrmSession>(pSession);
+    session_ = std::move(session);
+  });
+}
+
+HRESULT OrmFile::Close() {
+  CloseHandleIfAny();
+  return S_OK;
+}
+
+HRESULT OrmFile::AttachForRead(LONG nHandle, VARIANT_BOOL bCreateNewSession, VARIANT_BOOL* pbResult) {
+  return Call("AttachForRead", [&] {
+    Out(pbResult) = VARIANT_FALSE;
+    if (nHandle == kNoFile) return;
+    handle_ = nHandle;
+    if (!ReadHeader()) return;
+    if (bCreateNewSession != VARIANT_FALSE || !session_) {
+      session_.Reset();
+      session_ = ActivateAs<IOrmSession>(kOrmSessionClass);
+    }
+    const Ptr<IUnit> unit = Require(unit_, "the file has no current unit");
+    Check(unit->put_Session(session_.get()), unit);
+    *pbResult = VARIANT_TRUE;
+  });
+}
+
+HRESULT OrmFile::AttachForWrite(LONG nHandle, VARIANT_BOOL* pbResult) {
+  return Call("AttachForWrite", [&] {
+    Out(pbResult) = VARIANT_FALSE;
+    if (nHandle == kNoFile) return;
+    handle_ = nHandle;
+    *pbResult = ToResult(WriteHeader());
+  });
+}
+
+HRESULT OrmFile::WriteData(IValueBase* pData, VARIANT_BOOL* pbResult) {
+  return Call("WriteData", [&]() -> HRESULT {
+    Out(pbResult) = VARIANT_FALSE;
+    const Ptr<IUnit> unit = Require(unit_, "the file has no current unit");
+    Check(unit->put_Value(pData), unit);
+    return WriteUnit(unit.get(), pbResult);
+  });
+}
+
+HRESULT OrmFile::WriteInfo(IValueDefBase* pData, VARIANT_BOOL* pbResult) {
+  return Call("WriteInfo", [&]() -> HRESULT {
+    Out(pbResult) = VARIANT_FALSE;
+    const Ptr<IUnit> unit = Require(unit_, "the file has no current unit");
+    Check(unit->put_Info(pData), unit);
+    return WriteUnit(unit.get(), pbResult);
+  });
+}
+
+HRESULT OrmFile::WriteUnit(IUnit* pData, VARIANT_BOOL* pbResult) {
+  return Call("WriteUnit", [&] {
+    Out(pbResult) = VARIANT_FALSE;
+    Ptr<IUnit> unit = QueryFor<IUnit>(pData);
+    unit_ = std::move(unit);
+    *pbResult = ToResult(WriteRecord());
+  });
+}
+
+HRESULT OrmFile::ReadUnit(IUnit** ppData) {
+  return Call("ReadUnit", [&] {
+    Out(ppData) = nullptr;
+    unit_.Reset();
+    unit_ = ActivateAs<IUnit>(kUnitClass);
+    if (ReadRecord()) *ppData = Ptr(unit_).Detach();
+  });
+}
+
+HRESULT OrmFile::ReadData(IValueBase** ppData) {
+  return Call("ReadData", [&] {
+    Out(ppData) = nullptr;
+    Ptr<IUnit> unit;
+    Check(ReadUnit(unit.Out()), static_cast<IOrmFile*>(this));
+    if (!unit_) return;
+    Require(unit, "there is no further record, or it is cut short");
+    Check(unit->get_Value(ppData), unit);
+  });
+}
+
+HRESULT OrmFile::ReadInfo(IValueDefBase** ppData) {
+  return Call("ReadInfo", [&] {
+    Out(ppData) = nullptr;
+    Ptr<IUnit> unit;
+    Check(ReadUnit(unit.Out()), static_cast<IOrmFile*>(this));
+    if (unit) Check(unit->get_Info(ppData), unit);
+  });
+}
+
+void OrmFile::CloseHandleIfAny() noexcept {
+  if (handle_ != kNoFile) CloseFile(std::exchange(handle_, kNoFile));
+}
+
+bool OrmFile::ReadHeader() {
+  char signature[sizeof kSignature] = {};
+  float version = 0.0f;
+  std::uint32_t count = 0;
+  if (!ReadFromFile(handle_, signature, sizeof signature, &count)) return false;
+  if (!ReadFromFile(handle_, &version, sizeof version, &count) || count != sizeof version) return false;
+  return IsSignature(signature) && !(version < kFormatVersion) && !(version > kFormatVersion);
+}
+
+bool OrmFile::WriteHeader() {
+  return WriteToFile(handle_, kSignature, sizeof kSignature) &&
+         WriteToFile(handle_, &kFormatVersion, sizeof kFormatVersion);
+}
+
+bool OrmFile::ReadRecord() {
+  const Ptr<IUnit> unit = Require(unit_, "the file has no current unit");
+  Check(unit->put_Session(session_.get()), unit);
+  std::uint32_t length = 0;
+  std::uint32_t count = 0;
+  if (!ReadFromFile(handle_, &length, kLengthBytes, &count) || count != kLengthBytes) return false;
+  RecordBuffer record(buffer_.get());
+  unsigned char* body = record.ReadBody(handle_, length);
+  if (body == nullptr) return false;
+  ULONG used = 0;
+  VARIANT_BOOL done = VARIANT_FALSE;
+  // The record may be longer than what the unit uses: the next one follows its length.
+  Check(unit->ReadFromBuffer(body, length, &used, &done), unit);
+  return done != VARIANT_FALSE;
+}
+
+bool OrmFile::WriteRecord() {
+  const Ptr<IUnit> unit = Require(unit_, "the file has no current unit");
+  ULONG length = 0;
+  Check(unit->get_PacketSize(&length), unit);
+  const std::uint64_t total = std::uint64_t{length} + kLengthBytes;
+  if (total > std::numeric_limits<std::uint32_t>::max())
+    throw Error(E_OUTOFMEMORY, "the unit is too large for a record");
+  RecordBuffer record(buffer_.get());
+  unsigned char* bytes = record.Reserve(total);
+  std::memcpy(bytes, &length, kLengthBytes);
+  ULONG written = 0;
+  VARIANT_BOOL done = VARIANT_FALSE;
+  Check(unit->WriteToBuffer(bytes + kLengthBytes, length, &written, &done), unit);
+  if (done == VARIANT_FALSE) return false;
+  // A unit may use less than it announced; nothing of earlier records goes out instead.
+  if (written < length) std::memset(bytes + kLengthBytes + written, 0, length - written);
+  return WriteToFile(handle_, bytes, static_cast<std::uint32_t>(total));
+}
+
+}  // namespace halyard

@@ -1,0 +1,34 @@
+// Memory for one record: the file's work buffer, or memory of its own for a larger one.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "platform/file.h"
+
+namespace halyard {
+
+// What fits into this many bytes costs no allocation.
+inline constexpr std::uint32_t kWorkBufferSize = 64000;
+
+class RecordBuffer {
+ public:
+  // Uses `work`, kWorkBufferSize bytes of the caller, as long as that is enough.
+  explicit RecordBuffer(unsigned char* work) noexcept : work_(work) {}
+
+  // Room for `size` bytes, which are not cleared. Throws std::bad_alloc.
+  unsigned char* Reserve(std::uint64_t size);
+
+  // Reads a record body of `size` bytes from the file; null when the file does not hold
+  // that many. Memory grows no further than the file has bytes, whatever `size` says.
+  unsigned char* ReadBody(FileHandle file, std::uint32_t size);
+
+ private:
+  // As ReadBody, for a handle that does not know how much is left.
+  unsigned char* ReadInSteps(FileHandle file, std::uint32_t size);
+
+  unsigned char* work_;
+  std::unique_ptr<unsigned char[]> own_;
+};
+
+}  // namespace halyard

@@ -1,0 +1,103 @@
+#include "stream/unit.h"
+
+#include "types/type_names.h"
+
+namespace halyard {
+namespace {
+
+constexpr ULONG kDataHeaderBytes = 6;  // kind, type code, id
+constexpr ULONG kInfoHeaderBytes = 4;  // kind, type code
+constexpr char kNoValue[] = "the data unit has no value";
+constexpr char kNoInfo[] = "the info unit has no definition";
+
+VARIANT_BOOL ToResult(bool value) noexcept { return value ? VARIANT_TRUE : VARIANT_FALSE; }
+
+}  // namespace
+
+HRESULT Unit::get_IsDataUnit(VARIANT_BOOL* pbResult) {
+  return Call("IsDataUnit", [&] { Out(pbResult) = ToResult(kind_ == kDataUnit); });
+}
+
+HRESULT Unit::get_IsInfoUnit(VARIANT_BOOL* pbResult) {
+  return Call("IsInfoUnit", [&] { Out(pbResult) = ToResult(kind_ == kInfoUnit); });
+}
+
+HRESULT Unit::get_Type(SHORT* pnType) {
+  return Call("Type", [&] { Out(pnType) = BodyType(); });
+}
+
+HRESULT Unit::get_TypeString(BSTR* psType) {
+  return Call("TypeString", [&] { Out(psType) = TypeCodeNameText(BodyType()).Detach(); });
+}
+
+HRESULT Unit::get_Value(IValueBase** ppValue) {
+  return Call("Value", [&] {
+    Out(ppValue) = nullptr;
+    if (kind_ == kDataUnit) *ppValue = QueryFor<IValueBase>(value_.get()).Detach();
+  });
+}
+
+HRESULT Unit::put_Value(IValueBase* pValue) {
+  return Call("Value", [&] {
+    kind_ = kDataUnit;
+    // Emptied first: the slot stays empty when the query fails.
+    value_.Reset();
+    value_ = QueryFor<IValueBase>(pValue);
+  });
+}
+
+HRESULT Unit::get_Info(IValueDefBase** ppInfo) {
+  return Call("Info", [&] {
+    Out(ppInfo) = nullptr;
+    if (kind_ == kInfoUnit) *ppInfo = QueryFor<IValueDefBase>(info_.get()).Detach();
+  });
+}
+
+HRESULT Unit::put_Info(IValueDefBase* pInfo) {
+  return Call("Info", [&] {
+    kind_ = kInfoUnit;
+    info_.Reset();
+    info_ = QueryFor<IValueDefBase>(pInfo);
+  });
+}
+
+HRESULT Unit::get_PacketSize(ULONG* pdwSize) {
+  return Call("PacketSize", [&] {
+    ULONG& result = Out(pdwSize);
+    ULONG size = 0;
+    if (kind_ == kDataUnit) {
+      const Ptr<IValueBase> value = Require(value_, kNoValue);
+      Check(value->get_PacketSize(&size), value);
+      result = size + kDataHeaderBytes;
+    } else {
+      const Ptr<IValueDefBase> info = Require(info_, kNoInfo);
+      Check(info->get_PacketSize(&size), info);
+      result = size + kInfoHeaderBytes;
+    }
+  });
+}
+
+HRESULT Unit::get_Session(IOrmSession** ppSession) {
+  return Call("Session", [&] { Out(ppSession) = Ptr(session_).Detach(); });
+}
+
+HRESULT Unit::put_Session(IOrmSession* pSession) {
+  return Call("Session", [&] {
+    Ptr<IOrmSession> session = QueryFor<IOrmSession>(pSession);
+    session_ = std::move(session);
+  });
+}
+
+SHORT Unit::BodyType() {
+  SHORT type = kInvalid;
+  if (kind_ == kDataUnit) {
+    const Ptr<IValueBase> value = value_;
+    if (value) Check(value->get_Type(&type), value);
+  } else if (kind_ == kInfoUnit) {
+    const Ptr<IValueDefBase> info = info_;
+    if (info) Check(info->get_Type(&type), info);
+  }
+  return type;
+}
+
+}  // namespace halyard

@@ -1,0 +1,131 @@
+// The encoding of a unit: kind (2 bytes), type code (2), for data the definition's id
+// (2), then the body as value or definition writes itself.
+#include "definitions/nested_definition.h"
+#include "halyard/classes.h"
+#include "halyard/object/variant.h"
+#include "halyard/types/type_codes.h"
+#include "object/activation.h"
+#include "object/buffer_calls.h"
+#include "stream/unit.h"
+#include "values/nested_value.h"
+
+namespace halyard {
+
+HRESULT Unit::WriteToBuffer(unsigned char* pBuffer, ULONG dwBufferSize, ULONG* pdwBytesWritten,
+                            VARIANT_BOOL* pbResult) {
+  return Call("WriteToBuffer", [&] {
+    WriteBuffer(pBuffer, dwBufferSize, pdwBytesWritten, pbResult,
+                [&](WriteCursor& cursor) { return Encode(cursor); });
+  });
+}
+
+HRESULT Unit::ReadFromBuffer(unsigned char* pBuffer, ULONG dwBufferSize, ULONG* pdwBytesRead,
+                             VARIANT_BOOL* pbResult) {
+  return Call("ReadFromBuffer", [&] {
+    ULONG& count = Out(pdwBytesRead);
+    VARIANT_BOOL& result = Out(pbResult);
+    // True from the start: readers of streams pass over units whose body they cannot
+    // read, and go on with the next record.
+    result = VARIANT_TRUE;
+    ReadCursor cursor(pBuffer, dwBufferSize);
+    const Reading reading = Decode(cursor);
+    if (reading == Reading::kCutShort) result = VARIANT_FALSE;
+    if (reading == Reading::kDone) count = cursor.position();
+  });
+}
+
+bool Unit::Encode(WriteCursor& cursor) {
+  if (!cursor.Put(kind_)) return false;
+  switch (kind_) {
+    case kDataUnit:
+      return EncodeData(cursor);
+    case kInfoUnit:
+      return EncodeInfo(cursor);
+    default:
+      return true;  // a unit of an unknown kind is its bare kind
+  }
+}
+
+bool Unit::EncodeData(WriteCursor& cursor) {
+  const Ptr<IValueBase> value = value_;
+  if (!value) return false;
+  SHORT type = kInvalid;
+  SHORT id = 0;
+  Check(value->get_Type(&type), value);
+  Check(value->get_Id(&id), value);
+  return cursor.Put(type) && cursor.Put(id) && EncodeValue(*value, cursor);
+}
+
+bool Unit::EncodeInfo(WriteCursor& cursor) {
+  const Ptr<IValueDefBase> info = info_;
+  if (!info) return false;
+  SHORT type = kInvalid;
+  Check(info->get_Type(&type), info);
+  return cursor.Put(type) && EncodeDefinition(*info, cursor);
+}
+
+Unit::Reading Unit::Decode(ReadCursor& cursor) {
+  std::uint16_t type = 0;
+  if (!cursor.Take(kind_) || !cursor.Take(type)) return Reading::kCutShort;
+  switch (kind_) {
+    case kDataUnit:
+      return DecodeData(cursor, type);
+    case kInfoUnit:
+      return DecodeInfo(cursor, type);
+    default:
+      return Reading::kNoBody;
+  }
+}
+
+Unit::Reading Unit::DecodeData(ReadCursor& cursor, std::uint16_t type) {
+  SHORT id = 0;
+  if (!cursor.Take(id)) return Reading::kCutShort;
+  if (!PrepareValue(type, id)) return Reading::kNoBody;
+  const Ptr<IValueBase> value = Require(value_, "the value of the data unit could not be made");
+  return DecodeValue(*value, cursor) ? Reading::kDone : Reading::kNoBody;
+}
+
+bool Unit::PrepareValue(std::uint16_t type, SHORT id) {
+  switch (type) {
+    case kStructure:
+    case kArray:
+    case kEnumeration: {
+      const Ptr<IValueDefBase> definition = FindDefinition(type, id);
+      if (!definition) return false;
+      Ptr<IValueBase> value;
+      Check(definition->CreateDataObject(value.Out()), definition);
+      value_ = std::move(value);
+      return true;
+    }
+    case kCollection:
+      value_.Reset();
+      value_ = ActivateAs<IValueBase>(kCollectionClass);
+      return true;
+    default:
+      return false;
+  }
+}
+
+Ptr<IValueDefBase> Unit::FindDefinition(std::uint16_t type, SHORT id) {
+  const Ptr<IOrmSession> session = Require(session_, "the unit has no session to find the definition in");
+  Ptr<IValueDefBase> definition;
+  Check(session->GetTypeFromId(Variant(LONG{type}).get(), id, definition.Out()), session);
+  return definition;
+}
+
+Unit::Reading Unit::DecodeInfo(ReadCursor& cursor, std::uint16_t type) {
+  info_ = DefinitionForReading(type, std::move(info_));
+  const Ptr<IValueDefBase> info = Require(info_, "the type of the info unit has no definition class");
+  if (!DecodeDefinition(*info, cursor)) return Reading::kNoBody;
+  if (type == kArray) {
+    // Simple arrays take the width of their elements from the last calculation.
+    ULONG size = 0;
+    Check(info->CalculateDataSize(&size), info);
+  }
+  const Ptr<IOrmSession> session = Require(session_, "the unit has no session to register the definition in");
+  VARIANT_BOOL added = VARIANT_FALSE;
+  Check(session->AddType(info.get(), &added), session);
+  return Reading::kDone;
+}
+
+}  // namespace halyard

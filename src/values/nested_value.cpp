@@ -1,0 +1,86 @@
+#include "values/nested_value.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+#include "object/nesting.h"
+#include "types/elementary.h"
+
+namespace halyard {
+namespace {
+
+using Scratch = std::array<unsigned char, kWidestElementary>;
+
+// What a value needs before it may touch the buffer: nothing for values that check the
+// size themselves, the bytes that they count for the others.
+ULONG UncheckedSize(IValueBase& value) {
+  SHORT type = 0;
+  Check(value.get_Type(&type), &value);
+  if (type == kString || type > kLastElementaryType) return 0;
+  ULONG size = 0;
+  Check(value.get_PacketSize(&size), &value);
+  return size;
+}
+
+struct Outcome {
+  ULONG count = 0;
+  VARIANT_BOOL done = VARIANT_FALSE;
+
+  // Whether the value did its part; raises a count that the buffer cannot hold.
+  bool Accepted(std::uint32_t room) const {
+    if (done == VARIANT_FALSE) return false;
+    if (count > room) throw Error(E_UNEXPECTED, "a value reports more bytes than there are");
+    return true;
+  }
+};
+
+Outcome Read(IValueBase& value, const unsigned char* bytes, ULONG size) {
+  Outcome outcome;
+  // The interface does not say const, but a reader only reads.
+  Check(value.ReadFromBuffer(const_cast<unsigned char*>(bytes), size, &outcome.count, &outcome.done), &value);
+  return outcome;
+}
+
+Outcome Write(IValueBase& value, unsigned char* bytes, ULONG size) {
+  Outcome outcome;
+  Check(value.WriteToBuffer(bytes, size, &outcome.count, &outcome.done), &value);
+  return outcome;
+}
+
+}  // namespace
+
+bool DecodeValue(IValueBase& value, ReadCursor& cursor) {
+  const WalkingLevel level;
+  const std::uint32_t room = cursor.room();
+  const ULONG needed = UncheckedSize(value);
+  if (needed > room) return false;
+  Outcome outcome;
+  if (room < kWidestElementary) {
+    Scratch scratch{};
+    std::copy_n(cursor.rest().begin(), room, scratch.begin());
+    outcome = Read(value, scratch.data(), room);
+  } else {
+    outcome = Read(value, cursor.rest().data(), room);
+  }
+  return outcome.Accepted(room) && cursor.Skip(outcome.count);
+}
+
+bool EncodeValue(IValueBase& value, WriteCursor& cursor) {
+  const WalkingLevel level;
+  const std::uint32_t room = cursor.room();
+  const ULONG needed = UncheckedSize(value);
+  if (needed > room) return false;
+  Outcome outcome;
+  if (room < kWidestElementary) {
+    Scratch scratch{};
+    std::copy_n(cursor.rest().begin(), room, scratch.begin());
+    outcome = Write(value, scratch.data(), room);
+    std::copy_n(scratch.begin(), room, cursor.rest().begin());
+  } else {
+    outcome = Write(value, cursor.rest().data(), room);
+  }
+  return outcome.Accepted(room) && cursor.Skip(outcome.count);
+}
+
+}  // namespace halyard

@@ -1,0 +1,66 @@
+#include "values/simple_fixed_structure.h"
+
+#include <algorithm>
+
+namespace halyard {
+
+HRESULT SimpleFixedStructure::get_Item(VARIANT vIndex, VARIANT* pvValue) {
+  return Call("Item", [&] {
+    VARIANT& result = Out(pvValue);
+    const MemberLayout* member = type_.Find(vIndex);
+    if (member == nullptr) {
+      result = Variant::Null().Detach();
+    } else if (block_.Field(*member).empty()) {
+      result = Variant(WideView()).Detach();
+    } else {
+      result = block_.Read(*member).Detach();
+    }
+  });
+}
+
+HRESULT SimpleFixedStructure::put_Item(VARIANT vIndex, VARIANT vValue) {
+  return Call("Item", [&] {
+    const MemberLayout* member = type_.Find(vIndex);
+    if (member != nullptr && !block_.Field(*member).empty()) block_.Write(*member, vValue);
+  });
+}
+
+HRESULT SimpleFixedStructure::get_At(VARIANT, IValueBase** ppValue) {
+  return Call("At", [&] {
+    Out(ppValue) = nullptr;
+    throw Error(E_NOTIMPL, "the members of this structure are no objects of their own; use Item");
+  });
+}
+
+HRESULT SimpleFixedStructure::Copy(IValueBase** ppCopy) {
+  return Call("Copy", [&] {
+    IValueBase*& result = Out(ppCopy);
+    const Ptr<SimpleFixedStructure> copy = NewObject<SimpleFixedStructure>();
+    copy->type_ = type_;
+    copy->block_ = block_;
+    result = Ptr<IValueBase>(copy).Detach();
+  });
+}
+
+HRESULT SimpleFixedStructure::get_PacketSize(ULONG* pdwSize) {
+  return Call("PacketSize", [&] { Out(pdwSize) = type_.layout().data_size; });
+}
+
+void SimpleFixedStructure::Build() {
+  const std::uint16_t size = type_.layout().data_size;
+  if (size == 0) {
+    type_.Drop();
+  } else {
+    block_.Allocate(size);
+  }
+}
+
+bool SimpleFixedStructure::Decode(ReadCursor& cursor) {
+  return BlockIsWhole() && cursor.TakeBytes(block_.bytes().data(), block_.size());
+}
+
+bool SimpleFixedStructure::Encode(WriteCursor& cursor) {
+  return BlockIsWhole() && cursor.PutBytes(block_.bytes().data(), block_.size());
+}
+
+}  // namespace halyard

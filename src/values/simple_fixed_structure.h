@@ -1,0 +1,31 @@
+// SimpleFixedStructure: a record whose members all have a fixed place. It is one block
+// of the definition's data size, and its encoding is that block.
+#pragma once
+
+#include "halyard/values/structure.h"
+#include "values/structure_object.h"
+
+namespace halyard {
+
+class SimpleFixedStructure : public StructureObject<SimpleFixedStructure, ISimpleFixedStructure> {
+ public:
+  static constexpr char kClassName[] = "SimpleFixedStructure";
+
+  HRESULT STDMETHODCALLTYPE get_Item(VARIANT vIndex, VARIANT* pvValue) override;
+  HRESULT STDMETHODCALLTYPE put_Item(VARIANT vIndex, VARIANT vValue) override;
+  HRESULT STDMETHODCALLTYPE get_At(VARIANT vIndex, IValueBase** ppValue) override;
+  HRESULT STDMETHODCALLTYPE Copy(IValueBase** ppCopy) override;
+  HRESULT STDMETHODCALLTYPE get_PacketSize(ULONG* pdwSize) override;
+
+  // Makes the block of the definition just taken; a definition without size is dropped.
+  void Build();
+
+  [[nodiscard]] bool Decode(ReadCursor& cursor);
+  [[nodiscard]] bool Encode(WriteCursor& cursor);
+
+ private:
+  // The block, where it is as large as the definition says by now.
+  [[nodiscard]] bool BlockIsWhole() const { return block_.size() == type_.layout().data_size; }
+};
+
+}  // namespace halyard

@@ -1,0 +1,160 @@
+#include "values/simple_value.h"
+
+#include <algorithm>
+#include <array>
+#include <exception>
+
+#include "halyard/definitions/value_def_base.h"
+#include "platform/text.h"
+#include "types/elementary.h"
+
+namespace halyard {
+namespace {
+
+constexpr ULONG kLengthBytes = 2;
+
+// The value as text: itself if it is one, else converted.
+Variant AsText(const Variant& value) { return Variant::Converted(value.get(), VT_BSTR); }
+
+}  // namespace
+
+HRESULT SimpleValue::get_Item(VARIANT, VARIANT* pvValue) {
+  return Call("Item", [&] { Out(pvValue) = Variant::CopyOf(value_.get()).Detach(); });
+}
+
+HRESULT SimpleValue::put_Item(VARIANT, VARIANT) { return S_OK; }
+
+HRESULT SimpleValue::get_Name(VARIANT, BSTR* psName) {
+  return Call("Name", [&] { Out(psName) = NewEmptyText(); });
+}
+
+HRESULT SimpleValue::get_Count(LONG* pnCount) {
+  return Call("Count", [&] { Out(pnCount) = 0; });
+}
+
+HRESULT SimpleValue::get_At(VARIANT, IValueBase** ppValue) {
+  return Call("At", [&] { Out(ppValue) = Ptr<IValueBase>(this).Detach(); });
+}
+
+HRESULT SimpleValue::get_Value(VARIANT* pvValue) {
+  return Call("Value", [&] { Out(pvValue) = Variant::CopyOf(value_.get()).Detach(); });
+}
+
+HRESULT SimpleValue::put_Value(VARIANT vValue) {
+  // Keeps its variant type and, where the new content does not convert, its content: a
+  // client reads back what became of it.
+  Variant converted;
+  const VARTYPE type = value_.type();
+  const HRESULT hr = vValue.vt == type ? VariantCopy(&converted.get(), &vValue)
+                                       : VariantChangeType(&converted.get(), &vValue, 0, type);
+  if (SUCCEEDED(hr)) value_ = std::move(converted);
+  return S_OK;
+}
+
+HRESULT SimpleValue::Copy(IValueBase** ppCopy) {
+  return Call("Copy", [&] {
+    IValueBase*& result = Out(ppCopy);
+    const Ptr<SimpleValue> copy = NewObject<SimpleValue>();
+    copy->type_ = type_;
+    copy->data_size_ = data_size_;
+    copy->value_ = Variant::CopyOf(value_.get());
+    result = Ptr<IValueBase>(copy).Detach();
+  });
+}
+
+HRESULT SimpleValue::get_Info(IValueDefBase** ppInfo) {
+  return Call("Info", [&] { Out(ppInfo) = nullptr; });
+}
+
+HRESULT SimpleValue::put_Info(IValueDefBase* pInfo) {
+  // A definition that cannot be taken leaves a value without a type, not a failed call.
+  const HRESULT hr = Call("Info", [&] { TakeDefinition(pInfo); });
+  if (FAILED(hr)) {
+    SetErrorInfo(0, nullptr);
+    type_ = kInvalid;
+  }
+  return S_OK;
+}
+
+HRESULT SimpleValue::get_Id(SHORT* pnId) {
+  return Call("Id", [&] { Out(pnId) = 0; });
+}
+
+HRESULT SimpleValue::get_PacketSize(ULONG* pdwSize) {
+  return Call("PacketSize", [&] {
+    ULONG& size = Out(pdwSize);
+    if (type_ == kString) {
+      size = kLengthBytes + static_cast<ULONG>(ViewOf(AsText(value_)->bstrVal).size());
+    } else {
+      size = ElementaryByteCount(type_, data_size_);
+    }
+  });
+}
+
+HRESULT SimpleValue::ReadFromBuffer(unsigned char* pBuffer, ULONG dwBufferSize, ULONG* pdwBytesRead,
+                                    VARIANT_BOOL* pbResult) {
+  if (type_ == kString) return ValueObject::ReadFromBuffer(pBuffer, dwBufferSize, pdwBytesRead, pbResult);
+  return Call("ReadFromBuffer", [&] {
+    ULONG& count = Out(pdwBytesRead);
+    Out(pbResult) = VARIANT_FALSE;
+    if (VariantTypeOf(type_) != VT_EMPTY) {
+      Out(pBuffer);
+      // The buffer holds at least a whole field, whatever its size says; a text in it
+      // may go on to the end of the buffer.
+      const std::size_t field = std::max<std::size_t>(data_size_, kWidestElementary);
+      const std::size_t readable =
+          type_ == kFixedString ? std::max<std::size_t>(data_size_, dwBufferSize) : field;
+      ReadElementary({pBuffer, readable}, type_, value_.get());
+    }
+    count = ElementaryByteCount(type_, data_size_);
+    *pbResult = VARIANT_TRUE;
+  });
+}
+
+HRESULT SimpleValue::WriteToBuffer(unsigned char* pBuffer, ULONG dwBufferSize, ULONG* pdwBytesWritten,
+                                   VARIANT_BOOL* pbResult) {
+  if (type_ == kString) return ValueObject::WriteToBuffer(pBuffer, dwBufferSize, pdwBytesWritten, pbResult);
+  return Call("WriteToBuffer", [&] {
+    ULONG& count = Out(pdwBytesWritten);
+    Out(pbResult) = VARIANT_FALSE;
+    if (VariantTypeOf(type_) != VT_EMPTY) WriteElementary(value_.get(), type_, &Out(pBuffer), data_size_);
+    count = ElementaryByteCount(type_, data_size_);
+    *pbResult = VARIANT_TRUE;
+  });
+}
+
+bool SimpleValue::Decode(ReadCursor& cursor) {
+  std::string narrow;
+  if (!cursor.TakeText(narrow)) return false;
+  value_ = Variant(Widen(narrow.substr(0, narrow.find('\0'))));
+  return true;
+}
+
+bool SimpleValue::Encode(WriteCursor& cursor) {
+  Variant text = AsText(value_);
+  const WideView wide = ViewOf(text->bstrVal);
+  if (!cursor.PutText(Narrow(wide), static_cast<std::uint16_t>(wide.size()))) return false;
+  value_ = std::move(text);  // a number that was written as a text is a text from now on
+  return true;
+}
+
+void SimpleValue::TakeDefinition(IValueDefBase* definition) {
+  const Ptr<IValueDefBase> info = QueryFor<IValueDefBase>(definition);
+  Require(info, "the object is no definition");
+  Check(info->get_Type(&type_), info);
+  ULONG size = 0;
+  Check(info->get_DataSize(&size), info);
+  data_size_ = static_cast<std::uint16_t>(size);
+  ResetValue();
+}
+
+void SimpleValue::ResetValue() {
+  static constexpr std::array<unsigned char, kWidestElementary> kZeros{};
+  if (type_ == kString) {
+    value_ = Variant(WideView());
+  } else {
+    ReadElementary(kZeros, type_, value_.get());
+  }
+}
+
+}  // namespace halyard

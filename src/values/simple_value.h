@@ -1,0 +1,50 @@
+// SimpleValue: one elementary datum.
+#pragma once
+
+#include <cstdint>
+
+#include "halyard/values/simple_value.h"
+#include "values/value_object.h"
+
+namespace halyard {
+
+class SimpleValue : public ValueObject<SimpleValue, IValueBase, ISimpleValue> {
+ public:
+  static constexpr char kClassName[] = "SimpleValue";
+
+  HRESULT STDMETHODCALLTYPE get_Item(VARIANT vIndex, VARIANT* pvValue) override;
+  HRESULT STDMETHODCALLTYPE put_Item(VARIANT vIndex, VARIANT vValue) override;
+  HRESULT STDMETHODCALLTYPE get_Name(VARIANT vIndex, BSTR* psName) override;
+  HRESULT STDMETHODCALLTYPE get_Count(LONG* pnCount) override;
+  HRESULT STDMETHODCALLTYPE get_At(VARIANT vIndex, IValueBase** ppValue) override;
+  HRESULT STDMETHODCALLTYPE get_Value(VARIANT* pvValue) override;
+  HRESULT STDMETHODCALLTYPE put_Value(VARIANT vValue) override;
+  HRESULT STDMETHODCALLTYPE Copy(IValueBase** ppCopy) override;
+  HRESULT STDMETHODCALLTYPE get_Info(IValueDefBase** ppInfo) override;
+  HRESULT STDMETHODCALLTYPE put_Info(IValueDefBase* pInfo) override;
+  HRESULT STDMETHODCALLTYPE get_Id(SHORT* pnId) override;
+  HRESULT STDMETHODCALLTYPE get_PacketSize(ULONG* pdwSize) override;
+
+  // These two do not look at the size of the buffer but for a String.
+  HRESULT STDMETHODCALLTYPE ReadFromBuffer(unsigned char* pBuffer, ULONG dwBufferSize, ULONG* pdwBytesRead,
+                                           VARIANT_BOOL* pbResult) override;
+  HRESULT STDMETHODCALLTYPE WriteToBuffer(unsigned char* pBuffer, ULONG dwBufferSize, ULONG* pdwBytesWritten,
+                                          VARIANT_BOOL* pbResult) override;
+
+  SHORT TypeCode() const noexcept { return type_; }
+  HRESULT DefaultValue(VARIANT* result) noexcept { return get_Value(result); }
+
+  // The text of a String behind its length.
+  [[nodiscard]] bool Decode(ReadCursor& cursor);
+  [[nodiscard]] bool Encode(WriteCursor& cursor);
+
+ private:
+  void TakeDefinition(IValueDefBase* definition);
+  void ResetValue();
+
+  Variant value_{WideView()};  // its variant type is what Value (put) converts to
+  SHORT type_ = kInvalid;
+  std::uint16_t data_size_ = 0;  // 0: the elementary size of the type
+};
+
+}  // namespace halyard

@@ -1,0 +1,185 @@
+#include "values/structure.h"
+
+#include "object/nesting.h"
+#include "values/nested_value.h"
+
+namespace halyard {
+namespace {
+
+// The byte before an object member that can be null.
+constexpr std::uint8_t kPresent = 0;
+constexpr std::uint8_t kNull = 1;
+
+Ptr<IValueBase> NewMember(const MemberLayout& member) {
+  const Ptr<IValueDefBase> definition = Require(member.definition, "a member has no definition");
+  Ptr<IValueBase> object;
+  Check(definition->CreateDataObject(object.Out()), definition);
+  return Require(object, "a member's definition made no value");
+}
+
+}  // namespace
+
+HRESULT Structure::get_Item(VARIANT vIndex, VARIANT* pvValue) {
+  return Call("Item", [&] {
+    VARIANT& result = Out(pvValue);
+    const MemberLayout* member = type_.Find(vIndex);
+    Variant value = Variant::Null();
+    if (member != nullptr && member->size != 0) {
+      if (!block_.Field(*member).empty()) value = block_.Read(*member);
+    } else if (member != nullptr) {
+      const Ptr<IValueBase> object = ObjectOf(*member);
+      if (object) Check(object->get_Value(value.Out()), object);
+    }
+    result = value.Detach();
+  });
+}
+
+HRESULT Structure::put_Item(VARIANT vIndex, VARIANT vValue) {
+  return Call("Item", [&] {
+    const MemberLayout* member = type_.Find(vIndex);
+    if (member == nullptr) return;
+    if (member->size == 0) {
+      PutObjectMember(*member, vValue);
+    } else if (!block_.Field(*member).empty()) {
+      block_.Write(*member, vValue);
+    }
+  });
+}
+
+HRESULT Structure::get_At(VARIANT vIndex, IValueBase** ppValue) {
+  return Call("At", [&] {
+    Out(ppValue) = nullptr;
+    const MemberLayout* member = type_.Find(vIndex);
+    if (member != nullptr && member->size == 0) *ppValue = ObjectOf(*member).Detach();
+  });
+}
+
+HRESULT Structure::Copy(IValueBase** ppCopy) {
+  return Call("Copy", [&] {
+    Out(ppCopy) = nullptr;
+    const WalkingLevel level;
+    const Ptr<Structure> copy = NewObject<Structure>();
+    copy->type_ = type_;
+    copy->block_ = block_;
+    // By position: a member object of the client's may change this one while it copies.
+    for (std::size_t i = 0; i < members_.size(); ++i) {
+      const Ptr<IValueBase> object = Require(members_[i], "a structure with null members cannot be copied");
+      Ptr<IValueBase> member;
+      Check(object->Copy(member.Out()), object);
+      copy->members_.push_back(std::move(member));
+    }
+    *ppCopy = Ptr<IValueBase>(copy).Detach();
+  });
+}
+
+HRESULT Structure::get_PacketSize(ULONG* pdwSize) {
+  return Call("PacketSize", [&] {
+    ULONG& result = Out(pdwSize);
+    const WalkingLevel level;
+    const StructureLayout& layout = type_.layout();
+    ULONG size = 0;
+    for (std::size_t i = 0; i < layout.members.size(); ++i) size += MemberPacketSize(layout.members[i]);
+    result = size;
+  });
+}
+
+void Structure::Build() {
+  const StructureLayout& layout = type_.layout();
+  std::vector<Ptr<IValueBase>> members;
+  std::uint16_t size = 0;
+  for (std::size_t i = 0; i < layout.members.size(); ++i) {
+    if (layout.members[i].size == 0) {
+      members.push_back(NewMember(layout.members[i]));
+    } else {
+      size = static_cast<std::uint16_t>(size + layout.members[i].size);
+    }
+  }
+  members_ = std::move(members);
+  block_.Allocate(size);
+}
+
+Ptr<IValueBase>* Structure::SlotOf(const MemberLayout& member) noexcept {
+  return member.offset < members_.size() ? &members_[member.offset] : nullptr;
+}
+
+Ptr<IValueBase> Structure::ObjectOf(const MemberLayout& member) noexcept {
+  const Ptr<IValueBase>* slot = SlotOf(member);
+  return slot != nullptr ? *slot : Ptr<IValueBase>();
+}
+
+Ptr<IValueBase> Structure::RequiredObjectOf(const MemberLayout& member) {
+  return Require(ObjectOf(member), "a member is null");
+}
+
+void Structure::PutObjectMember(const MemberLayout& member, const VARIANT& value) {
+  Ptr<IValueBase>* slot = SlotOf(member);
+  if (slot == nullptr) return;
+  if (value.vt == VT_NULL) {
+    slot->Reset();
+  } else if (value.vt == VT_DISPATCH) {
+    // An object that is no value is not taken, without a failure.
+    Ptr<IValueBase> object = Ptr<IDispatch>(value.pdispVal).As<IValueBase>();
+    if (object || value.pdispVal == nullptr) *slot = std::move(object);
+  } else {
+    if (!*slot) *slot = NewMember(member);
+    const Ptr<IValueBase> object = *slot;
+    Check(object->put_Value(value), object);
+  }
+}
+
+ULONG Structure::MemberPacketSize(const MemberLayout& member) {
+  if (member.size != 0) return member.size;
+  const ULONG flag = member.can_be_null ? sizeof kNull : 0;
+  if (member.can_be_null && !ObjectOf(member)) return flag;
+  const Ptr<IValueBase> object = RequiredObjectOf(member);
+  ULONG size = 0;
+  Check(object->get_PacketSize(&size), object);
+  return flag + size;
+}
+
+bool Structure::Encode(WriteCursor& cursor) {
+  const StructureLayout& layout = type_.layout();
+  for (std::size_t i = 0; i < layout.members.size(); ++i) {
+    if (!EncodeMember(cursor, layout.members[i])) return false;
+  }
+  return true;
+}
+
+bool Structure::EncodeMember(WriteCursor& cursor, const MemberLayout& member) {
+  if (member.size != 0) {
+    const std::span<unsigned char> field = block_.Field(member);
+    return !field.empty() && cursor.PutBytes(field.data(), field.size());
+  }
+  if (member.can_be_null) {
+    const bool is_null = !ObjectOf(member);
+    if (!cursor.Put(is_null ? kNull : kPresent)) return false;
+    if (is_null) return true;
+  }
+  return EncodeValue(*RequiredObjectOf(member), cursor);
+}
+
+bool Structure::Decode(ReadCursor& cursor) {
+  const StructureLayout& layout = type_.layout();
+  for (std::size_t i = 0; i < layout.members.size(); ++i) {
+    if (!DecodeMember(cursor, layout.members[i])) return false;
+  }
+  return true;
+}
+
+bool Structure::DecodeMember(ReadCursor& cursor, const MemberLayout& member) {
+  if (member.size != 0) {
+    const std::span<unsigned char> field = block_.Field(member);
+    return !field.empty() && cursor.TakeBytes(field.data(), field.size());
+  }
+  if (member.can_be_null) {
+    std::uint8_t flag = kPresent;
+    if (!cursor.Take(flag)) return false;
+    if (flag != kPresent) {
+      if (Ptr<IValueBase>* slot = SlotOf(member)) slot->Reset();
+      return true;
+    }
+  }
+  return DecodeValue(*RequiredObjectOf(member), cursor);
+}
+
+}  // namespace halyard
