@@ -31,7 +31,7 @@ struct Definition {
 std::uint32_t TypeCode(HexNotes& notes) {
   const std::uint32_t code = notes.Peek(2);
   const bool known = code < kTypeNames.size();
-  return notes.Number(2, "type", std::to_string(code) + (known ? std::string(" ") + kTypeNames[code] : ""));
+  return notes.Number(2, "type", std::to_string(code) + (known ? std::string(", ") + kTypeNames[code] : ""));
 }
 
 void TakeSimple(HexNotes& notes) {
@@ -67,6 +67,7 @@ Definition TakeMember(HexNotes& notes) {
 Definition TakeStructure(HexNotes& notes) {
   const HexNotes::Indented indented(notes);
   Definition structure;
+  structure.type = kRecord;
   notes.Number(2, "id");
   structure.name = notes.Text("name");
   notes.Text("caption");
@@ -98,7 +99,7 @@ void TakeValue(HexNotes& notes, const Definition& definition) {
 // The framing that all units share; throws where the unit is of another kind.
 void TakeFraming(HexNotes& notes, std::uint32_t kind, const std::string& meaning) {
   notes.Number(4, "length of the unit");
-  if (notes.Number(2, "kind", std::to_string(notes.Peek(2)) + " " + meaning) != kind) {
+  if (notes.Number(2, "kind", std::to_string(notes.Peek(2)) + ", " + meaning) != kind) {
     throw std::runtime_error("the file does not begin with a definition and a value");
   }
   if (TypeCode(notes) != kRecord) throw std::runtime_error("the unit is no structure");

@@ -9,17 +9,28 @@
 namespace time_zones {
 namespace {
 
-constexpr std::size_t kBytesInALine = 8;
+constexpr std::size_t kBytesInALine = 12;
 
+constexpr std::size_t kOffsetDigits = 4;
+
+// The lowest digits of a number in hexadecimal.
+std::string HexDigits(std::size_t number, std::size_t digits) {
+  std::string text(digits, '0');
+  for (auto digit = text.rbegin(); digit != text.rend(); ++digit, number /= 16)
+    *digit = "0123456789ABCDEF"[number % 16];
+  return text;
+}
+
+// Bytes with a blank between them.
 std::string HexOf(std::span<const unsigned char> bytes) {
-  constexpr char kDigits[] = "0123456789ABCDEF";
   std::string text;
-  for (const unsigned char byte : bytes) {
-    text += kDigits[byte >> 4];
-    text += kDigits[byte & 15];
-    text += ' ';
-  }
-  text.resize(kBytesInALine * 3, ' ');
+  for (const unsigned char byte : bytes) text += (text.empty() ? "" : " ") + HexDigits(byte, 2);
+  return text;
+}
+
+// The text with blanks up to a column.
+std::string Padded(std::string text, std::size_t width) {
+  text.resize(std::max(text.size(), width), ' ');
   return text;
 }
 
@@ -79,11 +90,12 @@ std::span<const unsigned char> HexNotes::Next(std::size_t count) const {
 
 void HexNotes::Note(std::size_t count, const std::string& note) {
   auto field = Next(count);
-  std::string beside = std::string(static_cast<std::size_t>(2 * depth_), ' ') + note;
+  std::string beside = std::string(2 * depth_, ' ') + note;
   do {
     const auto line = field.first(std::min(field.size(), kBytesInALine));
-    out_ << "  " << std::hex << std::setfill('0') << std::setw(4) << position_ << std::dec << "  "
-         << HexOf(line) << beside << "\n";
+    const std::string hex = HexOf(line);
+    out_ << "  " << HexDigits(position_, kOffsetDigits) << "  "
+         << (beside.empty() ? hex : Padded(hex, 3 * kBytesInALine) + beside) << "\n";
     position_ += line.size();
     field = field.subspan(line.size());
     beside.clear();

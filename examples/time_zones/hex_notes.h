@@ -56,7 +56,7 @@ class HexNotes {
   std::span<const unsigned char> bytes_;
   std::ostream& out_;
   std::size_t position_ = 0;
-  int depth_ = 0;
+  std::size_t depth_ = 0;
 };
 
 }  // namespace time_zones
