@@ -23,7 +23,7 @@ class DefinitionObject : public Object<T, Interfaces...> {
   HRESULT STDMETHODCALLTYPE put_Type(SHORT) override { return S_OK; }
 
   HRESULT STDMETHODCALLTYPE get_TypeString(BSTR* psType) override {
-    return this->Call("TypeString", [&] { Out(psType) = TypeCodeNameText(Self().TypeCode()).Detach(); });
+    return this->Call("TypeString", [&] { HandOut(psType, TypeCodeNameText(Self().TypeCode())); });
   }
 
   HRESULT STDMETHODCALLTYPE ReadFromBuffer(unsigned char* pBuffer, ULONG dwBufferSize, ULONG* pdwBytesRead,

@@ -24,8 +24,8 @@ struct Identity {
   // Sets the name to the narrow form of a client's text.
   void SetName(BSTR text);
 
-  // The name for a client, who frees it; never null.
-  [[nodiscard]] BSTR NewName() const;
+  // The name as a string for a client; never null.
+  [[nodiscard]] Bstr NewName() const;
 
   // The bytes that the encoding counts, cut to 16 bits as in every file written so far.
   [[nodiscard]] std::uint16_t PacketSize() const noexcept;

@@ -60,7 +60,7 @@ HRESULT SimpleValueInfo::get_Id(SHORT* pnId) {
 HRESULT SimpleValueInfo::put_Id(SHORT) { return S_OK; }
 
 HRESULT SimpleValueInfo::get_Name(BSTR* psName) {
-  return Call("Name", [&] { Out(psName) = Bstr(WideView()).Detach(); });
+  return Call("Name", [&] { HandOut(psName, Bstr(WideView())); });
 }
 
 HRESULT SimpleValueInfo::put_Name(BSTR) { return S_OK; }
@@ -92,11 +92,11 @@ HRESULT SimpleValueInfo::get_PacketSize(ULONG* pdwSize) {
 }
 
 HRESULT SimpleValueInfo::CreateDataObject(IValueBase** ppResult) {
-  return Call("CreateDataObject", [&] { Out(ppResult) = CreateValueOf(this, kSimpleValueClass).Detach(); });
+  return Call("CreateDataObject", [&] { HandOut(ppResult, CreateValueOf(this, kSimpleValueClass)); });
 }
 
 HRESULT SimpleValueInfo::get_MinValue(VARIANT* pvMin) {
-  return Call("MinValue", [&] { Out(pvMin) = Variant::CopyOf(min_value_.get()).Detach(); });
+  return Call("MinValue", [&] { HandOut(pvMin, Variant::CopyOf(min_value_.get())); });
 }
 
 HRESULT SimpleValueInfo::put_MinValue(VARIANT vMin) {
@@ -104,7 +104,7 @@ HRESULT SimpleValueInfo::put_MinValue(VARIANT vMin) {
 }
 
 HRESULT SimpleValueInfo::get_MaxValue(VARIANT* pvMax) {
-  return Call("MaxValue", [&] { Out(pvMax) = Variant::CopyOf(max_value_.get()).Detach(); });
+  return Call("MaxValue", [&] { HandOut(pvMax, Variant::CopyOf(max_value_.get())); });
 }
 
 HRESULT SimpleValueInfo::put_MaxValue(VARIANT vMax) {
@@ -121,7 +121,7 @@ HRESULT SimpleValueInfo::put_Validation(VARIANT_BOOL bValidation) {
 }
 
 HRESULT SimpleValueInfo::get_ValidationScript(BSTR* psScript) {
-  return Call("ValidationScript", [&] { Out(psScript) = script_.NewCopy(); });
+  return Call("ValidationScript", [&] { HandOut(psScript, script_.NewCopy()); });
 }
 
 HRESULT SimpleValueInfo::put_ValidationScript(BSTR sScript) {

@@ -84,7 +84,7 @@ HRESULT StructureInfo::put_Id(SHORT nId) {
 }
 
 HRESULT StructureInfo::get_Name(BSTR* psName) {
-  return Call("Name", [&] { Out(psName) = identity_.NewName(); });
+  return Call("Name", [&] { HandOut(psName, identity_.NewName()); });
 }
 
 HRESULT StructureInfo::put_Name(BSTR sName) {
@@ -114,7 +114,7 @@ HRESULT StructureInfo::get_MemberCount(LONG* pnCount) { return get_Count(pnCount
 
 HRESULT StructureInfo::get_MemberName(LONG nIndex, BSTR* psName) {
   return Call("MemberName", [&] {
-    if (psName != nullptr) *psName = MemberAt(nIndex).name.NewCopy();
+    if (psName != nullptr) HandOut(psName, MemberAt(nIndex).name.NewCopy());
   });
 }
 

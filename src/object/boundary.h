@@ -37,4 +37,12 @@ T& Out(T* place) {
   return *place;
 }
 
+// Hands what `owner` holds to the caller through a required out argument. The place is
+// checked first, so nothing is lost where there is none.
+template <class T, class Owner>
+void HandOut(T* place, Owner owner) {
+  T& out = Out(place);
+  out = owner.Detach();
+}
+
 }  // namespace halyard

@@ -14,7 +14,7 @@ void OptionalText::Set(BSTR text) {
 
 void OptionalText::SetNarrow(std::string_view narrow) { text_ = Widen(narrow); }
 
-BSTR OptionalText::NewCopy() const { return text_ ? Bstr(*text_).Detach() : nullptr; }
+Bstr OptionalText::NewCopy() const { return text_ ? Bstr(*text_) : Bstr(); }
 
 std::string OptionalText::NarrowForm() const { return Narrow(View()); }
 

@@ -18,8 +18,8 @@ class OptionalText {
   // Takes the wide form of narrow text.
   void SetNarrow(std::string_view narrow);
 
-  // A copy for a client, who frees it; null when there is no text.
-  [[nodiscard]] BSTR NewCopy() const;
+  // A copy for a client; null when there is no text.
+  [[nodiscard]] Bstr NewCopy() const;
 
   // The text; empty when there is none.
   [[nodiscard]] WideView View() const noexcept { return text_ ? WideView(*text_) : WideView(); }

@@ -54,7 +54,7 @@ HRESULT OrmFile::OpenForWrite(BSTR sFileName, VARIANT_BOOL* pbResult) {
 }
 
 HRESULT OrmFile::get_Session(IOrmSession** ppSession) {
-  return Call("Session", [&] { Out(ppSession) = Ptr(session_).Detach(); });
+  return Call("Session", [&] { HandOut(ppSession, Ptr(session_)); });
 }
 
 HRESULT OrmFile::put_Session(IOrmSession* pSession) {

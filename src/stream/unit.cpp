@@ -27,7 +27,7 @@ HRESULT Unit::get_Type(SHORT* pnType) {
 }
 
 HRESULT Unit::get_TypeString(BSTR* psType) {
-  return Call("TypeString", [&] { Out(psType) = TypeCodeNameText(BodyType()).Detach(); });
+  return Call("TypeString", [&] { HandOut(psType, TypeCodeNameText(BodyType())); });
 }
 
 HRESULT Unit::get_Value(IValueBase** ppValue) {
@@ -78,7 +78,7 @@ HRESULT Unit::get_PacketSize(ULONG* pdwSize) {
 }
 
 HRESULT Unit::get_Session(IOrmSession** ppSession) {
-  return Call("Session", [&] { Out(ppSession) = Ptr(session_).Detach(); });
+  return Call("Session", [&] { HandOut(ppSession, Ptr(session_)); });
 }
 
 HRESULT Unit::put_Session(IOrmSession* pSession) {

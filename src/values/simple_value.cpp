@@ -19,13 +19,13 @@ Variant AsText(const Variant& value) { return Variant::Converted(value.get(), VT
 }  // namespace
 
 HRESULT SimpleValue::get_Item(VARIANT, VARIANT* pvValue) {
-  return Call("Item", [&] { Out(pvValue) = Variant::CopyOf(value_.get()).Detach(); });
+  return Call("Item", [&] { HandOut(pvValue, Variant::CopyOf(value_.get())); });
 }
 
 HRESULT SimpleValue::put_Item(VARIANT, VARIANT) { return S_OK; }
 
 HRESULT SimpleValue::get_Name(VARIANT, BSTR* psName) {
-  return Call("Name", [&] { Out(psName) = NewEmptyText(); });
+  return Call("Name", [&] { HandOut(psName, NewEmptyText()); });
 }
 
 HRESULT SimpleValue::get_Count(LONG* pnCount) {
@@ -33,11 +33,11 @@ HRESULT SimpleValue::get_Count(LONG* pnCount) {
 }
 
 HRESULT SimpleValue::get_At(VARIANT, IValueBase** ppValue) {
-  return Call("At", [&] { Out(ppValue) = Ptr<IValueBase>(this).Detach(); });
+  return Call("At", [&] { HandOut(ppValue, Ptr<IValueBase>(this)); });
 }
 
 HRESULT SimpleValue::get_Value(VARIANT* pvValue) {
-  return Call("Value", [&] { Out(pvValue) = Variant::CopyOf(value_.get()).Detach(); });
+  return Call("Value", [&] { HandOut(pvValue, Variant::CopyOf(value_.get())); });
 }
 
 HRESULT SimpleValue::put_Value(VARIANT vValue) {

@@ -90,7 +90,7 @@ class StructureObject : public ValueObject<T, Interfaces...> {
   }
 
   HRESULT STDMETHODCALLTYPE get_Value(VARIANT* pvValue) override {
-    return this->Call("Value", [&] { Out(pvValue) = this->AsObject().Detach(); });
+    return this->Call("Value", [&] { HandOut(pvValue, this->AsObject()); });
   }
 
   HRESULT STDMETHODCALLTYPE put_Value(VARIANT) override { return S_OK; }

@@ -26,7 +26,7 @@ class ValueObject : public Object<T, Interfaces...> {
   }
 
   HRESULT STDMETHODCALLTYPE get_TypeString(BSTR* psType) override {
-    return this->Call("TypeString", [&] { Out(psType) = TypeCodeNameText(Self().TypeCode()).Detach(); });
+    return this->Call("TypeString", [&] { HandOut(psType, TypeCodeNameText(Self().TypeCode())); });
   }
 
   HRESULT STDMETHODCALLTYPE ReadFromBuffer(unsigned char* pBuffer, ULONG dwBufferSize, ULONG* pdwBytesRead,
@@ -57,7 +57,7 @@ class ValueObject : public Object<T, Interfaces...> {
   }
 
   // The empty string, for a client.
-  static BSTR NewEmptyText() { return Bstr(WideView()).Detach(); }
+  static Bstr NewEmptyText() { return Bstr(WideView()); }
 };
 
 }  // namespace halyard
