@@ -83,10 +83,10 @@ close_suite() {
   failed_total=$((failed_total + failed))
 }
 
-# The part of a suite's output that tells of its failures.
+# The part of a suite's output that tells of its failures, long lines cut.
 show_failures() {
   if grep -qE 'Failure$|ERROR: |runtime error:' "$1"; then
-    grep -E -A 8 'Failure$|ERROR: |runtime error:' "$1" | head -n 80 >&2
+    grep -E -A 8 'Failure$|ERROR: |runtime error:' "$1" | head -n 80 | cut -c 1-200 >&2
   else
     tail -n 40 "$1" >&2
   fi
