@@ -22,7 +22,7 @@ need() {
     packages+=" ${kit_packages[$kit]}"
     programs+=" ${kit_programs[$kit]}"
   done
-  if command -v dpkg-query apt-get >/dev/null; then
+  if command -v dpkg-query >/dev/null && command -v apt-get >/dev/null; then
     install_packages $packages
   else
     name_missing_programs $programs
