@@ -1,6 +1,8 @@
 // The list of all classes: the one place that knows every one of them.
 #include "object/class_table.h"
 
+#include "definitions/array_info.h"
+#include "definitions/enumeration_info.h"
 #include "definitions/simple_value_info.h"
 #include "definitions/structure_info.h"
 #include "halyard/classes.h"
@@ -8,6 +10,8 @@
 #include "stream/orm_file.h"
 #include "stream/orm_session.h"
 #include "stream/unit.h"
+#include "values/collection.h"
+#include "values/enumeration.h"
 #include "values/simple_fixed_structure.h"
 #include "values/simple_value.h"
 #include "values/structure.h"
@@ -17,19 +21,19 @@ namespace {
 
 // In the order of registration. A row without a creator answers "class not registered".
 constexpr ClassRow kClasses[] = {
-    {kArrayInfoClass, "ArrayInfo", 102, nullptr},
+    {kArrayInfoClass, "ArrayInfo", 102, &CreateInstance<ArrayInfo>},
     {kSimpleValueInfoClass, "SimpleValueInfo", 103, &CreateInstance<SimpleValueInfo>},
-    {kEnumerationInfoClass, "EnumerationInfo", 104, nullptr},
+    {kEnumerationInfoClass, "EnumerationInfo", 104, &CreateInstance<EnumerationInfo>},
     {kStructureInfoClass, "StructureInfo", 105, &CreateInstance<StructureInfo>},
     {kStringArrayClass, "StringArray", 106, nullptr},
     {kSimpleFixedArrayClass, "SimpleFixedArray", 107, nullptr},
     {kSimpleArrayClass, "SimpleArray", 108, nullptr},
     {kArrayClass, "Array", 101, nullptr},
     {kSimpleValueClass, "SimpleValue", 110, &CreateInstance<SimpleValue>},
-    {kEnumerationClass, "Enumeration", 111, nullptr},
+    {kEnumerationClass, "Enumeration", 111, &CreateInstance<Enumeration>},
     {kSimpleFixedStructureClass, "SimpleFixedStructure", 112, &CreateInstance<SimpleFixedStructure>},
     {kStructureClass, "Structure", 113, &CreateInstance<Structure>},
-    {kCollectionClass, "Collection", 114, nullptr},
+    {kCollectionClass, "Collection", 114, &CreateInstance<Collection>},
     {kUnitClass, "Unit", 116, &CreateInstance<Unit>},
     {kOrmSessionClass, "OrmSession", 117, &CreateInstance<OrmSession>},
     {kOrmFileClass, "OrmFile", 118, &CreateInstance<OrmFile>},

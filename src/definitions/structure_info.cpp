@@ -74,23 +74,6 @@ HRESULT StructureInfo::get_Count(LONG* pnCount) {
               [&] { Out(pnCount) = static_cast<LONG>(std::max(layout_.members.size(), announced_)); });
 }
 
-HRESULT StructureInfo::get_Id(SHORT* pnId) {
-  return Call("Id", [&] { Out(pnId) = static_cast<SHORT>(identity_.id); });
-}
-
-HRESULT StructureInfo::put_Id(SHORT nId) {
-  identity_.id = static_cast<std::uint16_t>(nId);
-  return S_OK;
-}
-
-HRESULT StructureInfo::get_Name(BSTR* psName) {
-  return Call("Name", [&] { HandOut(psName, identity_.NewName()); });
-}
-
-HRESULT StructureInfo::put_Name(BSTR sName) {
-  return Call("Name", [&] { identity_.SetName(sName); });
-}
-
 HRESULT StructureInfo::get_DataSize(ULONG* pdwSize) {
   return Call("DataSize", [&] { Out(pdwSize) = layout_.data_size; });
 }

@@ -2,23 +2,18 @@
 // structure_encoding.cpp holds its encoding.
 #pragma once
 
-#include "definitions/definition_object.h"
-#include "definitions/identity.h"
+#include "definitions/composite_definition.h"
 #include "definitions/structure_layout.h"
 #include "halyard/definitions/structure_def.h"
 
 namespace halyard {
 
-class StructureInfo : public DefinitionObject<StructureInfo, IStructureInfo, IStructureLayoutSource> {
+class StructureInfo : public CompositeDefinition<StructureInfo, IStructureInfo, IStructureLayoutSource> {
  public:
   static constexpr char kClassName[] = "StructureInfo";
   static constexpr SHORT kTypeCode = kStructure;
 
   HRESULT STDMETHODCALLTYPE get_Count(LONG* pnCount) override;
-  HRESULT STDMETHODCALLTYPE get_Id(SHORT* pnId) override;
-  HRESULT STDMETHODCALLTYPE put_Id(SHORT nId) override;
-  HRESULT STDMETHODCALLTYPE get_Name(BSTR* psName) override;
-  HRESULT STDMETHODCALLTYPE put_Name(BSTR sName) override;
   HRESULT STDMETHODCALLTYPE get_DataSize(ULONG* pdwSize) override;
   HRESULT STDMETHODCALLTYPE CalculateDataSize(ULONG* pdwSize) override;
   HRESULT STDMETHODCALLTYPE get_PacketSize(ULONG* pdwSize) override;
@@ -65,7 +60,6 @@ class StructureInfo : public DefinitionObject<StructureInfo, IStructureInfo, ISt
   // The table with all its members. Everything but the reader works on it.
   StructureLayout& Whole();
 
-  Identity identity_;
   StructureLayout layout_;
 
   // How many members a broken encoding announced. They exist for whoever asks, but take

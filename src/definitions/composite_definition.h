@@ -1,0 +1,34 @@
+// What enumeration, structure and array definitions have in common beyond the definition
+// base: an identity, which clients read and change as Id and Name.
+#pragma once
+
+#include "definitions/definition_object.h"
+#include "definitions/identity.h"
+
+namespace halyard {
+
+template <class T, class... Interfaces>
+class CompositeDefinition : public DefinitionObject<T, Interfaces...> {
+ public:
+  HRESULT STDMETHODCALLTYPE get_Id(SHORT* pnId) override {
+    return this->Call("Id", [&] { Out(pnId) = static_cast<SHORT>(identity_.id); });
+  }
+
+  HRESULT STDMETHODCALLTYPE put_Id(SHORT nId) override {
+    identity_.id = static_cast<std::uint16_t>(nId);
+    return S_OK;
+  }
+
+  HRESULT STDMETHODCALLTYPE get_Name(BSTR* psName) override {
+    return this->Call("Name", [&] { HandOut(psName, identity_.NewName()); });
+  }
+
+  HRESULT STDMETHODCALLTYPE put_Name(BSTR sName) override {
+    return this->Call("Name", [&] { identity_.SetName(sName); });
+  }
+
+ protected:
+  Identity identity_;
+};
+
+}  // namespace halyard
