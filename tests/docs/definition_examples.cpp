@@ -1,7 +1,8 @@
 // The examples of the chapter on definitions.
 #include "halyard/halyard.h"
 #include "tests/docs/format_examples.h"
-#include "tests/docs/station.h"
+#include "tests/docs/sample_definitions.h"
+#include "tests/support/composites.h"
 #include "tests/support/definitions.h"
 #include "tests/support/encoding.h"
 
@@ -39,6 +40,20 @@ void CheckStructure(const std::string& hex) {
   ExpectDefinition(StationDefinition(), kStructureInfoClass, hex);
 }
 
+void CheckEnumeration(const std::string& hex) {
+  ExpectDefinition(QualityDefinition(), kEnumerationInfoClass, hex);
+}
+
+void CheckArray(const std::string& hex) {
+  const auto definition = SimpleArrayDefinition(kShort, 0, 6);
+  Check(definition->put_Name(Bstr(OLESTR("Depths")).get()));
+  ExpectDefinition(definition, kArrayInfoClass, hex);
+}
+
+void CheckStructureArray(const std::string& hex) {
+  ExpectDefinition(TrackDefinition(), kArrayInfoClass, hex);
+}
+
 }  // namespace
 
 std::vector<ExampleCheck> DefinitionExamples() {
@@ -47,6 +62,9 @@ std::vector<ExampleCheck> DefinitionExamples() {
       {"simple-long-with-range", CheckSimpleLongWithRange},
       {"simple-fixed-string", CheckSimpleFixedString},
       {"structure-definition", CheckStructure},
+      {"enumeration-definition", CheckEnumeration},
+      {"array-definition", CheckArray},
+      {"structure-array-definition", CheckStructureArray},
   };
 }
 
