@@ -1,10 +1,9 @@
 // What registration writes into the registry and what unregistration leaves.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
 #include "tests/server/support/class_rows.h"
 #include "tests/server/support/component.h"
+#include "tests/server/support/moved_copy.h"
 #include "tests/server/support/registry.h"
 #include "tests/support/raised.h"
 #include "tests/support/variants.h"
@@ -69,29 +68,6 @@ HRESULT TryCreate(const ClassRowExpected& row) {
   Ptr<IUnknown> object;
   return CoCreateInstance(ClassId(row), nullptr, CLSCTX_ALL, IidOf<IUnknown>, object.OutVoid());
 }
-
-// A copy of the DLL in a folder of its own, for as long as the object lives.
-class MovedCopy {
- public:
-  explicit MovedCopy(const wchar_t* folder)
-      : folder_(std::filesystem::temp_directory_path() / folder), path_(folder_ / L"halyard.dll") {
-    std::filesystem::create_directories(folder_);
-    std::filesystem::copy_file(ComponentPath(), path_, std::filesystem::copy_options::overwrite_existing);
-  }
-  ~MovedCopy() { Remove(); }
-  MovedCopy(const MovedCopy&) = delete;
-  MovedCopy& operator=(const MovedCopy&) = delete;
-
-  void Remove() {
-    std::error_code ignored;
-    std::filesystem::remove_all(folder_, ignored);
-  }
-  [[nodiscard]] WideString path() const { return path_.wstring(); }
-
- private:
-  std::filesystem::path folder_;
-  std::filesystem::path path_;
-};
 
 // Makes HKEY_CLASSES_ROOT a key that takes no lasting subkeys, for as long as the object
 // lives: whatever is written there fails.
