@@ -8,8 +8,13 @@
 #include "halyard/classes.h"
 #include "object/object.h"
 #include "stream/orm_file.h"
+#include "stream/orm_help.h"
 #include "stream/orm_session.h"
 #include "stream/unit.h"
+#include "values/arrays/array.h"
+#include "values/arrays/simple_array.h"
+#include "values/arrays/simple_fixed_array.h"
+#include "values/arrays/string_array.h"
 #include "values/collection.h"
 #include "values/enumeration.h"
 #include "values/simple_fixed_structure.h"
@@ -19,16 +24,16 @@
 namespace halyard {
 namespace {
 
-// In the order of registration. A row without a creator answers "class not registered".
+// In the order of registration.
 constexpr ClassRow kClasses[] = {
     {kArrayInfoClass, "ArrayInfo", 102, &CreateInstance<ArrayInfo>},
     {kSimpleValueInfoClass, "SimpleValueInfo", 103, &CreateInstance<SimpleValueInfo>},
     {kEnumerationInfoClass, "EnumerationInfo", 104, &CreateInstance<EnumerationInfo>},
     {kStructureInfoClass, "StructureInfo", 105, &CreateInstance<StructureInfo>},
-    {kStringArrayClass, "StringArray", 106, nullptr},
-    {kSimpleFixedArrayClass, "SimpleFixedArray", 107, nullptr},
-    {kSimpleArrayClass, "SimpleArray", 108, nullptr},
-    {kArrayClass, "Array", 101, nullptr},
+    {kStringArrayClass, "StringArray", 106, &CreateInstance<StringArray>},
+    {kSimpleFixedArrayClass, "SimpleFixedArray", 107, &CreateInstance<SimpleFixedArray>},
+    {kSimpleArrayClass, "SimpleArray", 108, &CreateInstance<SimpleArray>},
+    {kArrayClass, "Array", 101, &CreateInstance<Array>},
     {kSimpleValueClass, "SimpleValue", 110, &CreateInstance<SimpleValue>},
     {kEnumerationClass, "Enumeration", 111, &CreateInstance<Enumeration>},
     {kSimpleFixedStructureClass, "SimpleFixedStructure", 112, &CreateInstance<SimpleFixedStructure>},
@@ -37,7 +42,7 @@ constexpr ClassRow kClasses[] = {
     {kUnitClass, "Unit", 116, &CreateInstance<Unit>},
     {kOrmSessionClass, "OrmSession", 117, &CreateInstance<OrmSession>},
     {kOrmFileClass, "OrmFile", 118, &CreateInstance<OrmFile>},
-    {kOrmHelpClass, "OrmHelp", 119, nullptr},
+    {kOrmHelpClass, "OrmHelp", 119, &CreateInstance<OrmHelp>},
 };
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstring>
 
+#include "object/buffer_calls.h"
 #include "object/nesting.h"
 #include "types/elementary.h"
 
@@ -23,27 +24,15 @@ ULONG UncheckedSize(IValueBase& value) {
   return size;
 }
 
-struct Outcome {
-  ULONG count = 0;
-  VARIANT_BOOL done = VARIANT_FALSE;
-
-  // Whether the value did its part; raises a count that the buffer cannot hold.
-  bool Accepted(std::uint32_t room) const {
-    if (done == VARIANT_FALSE) return false;
-    if (count > room) throw Error(E_UNEXPECTED, "a value reports more bytes than there are");
-    return true;
-  }
-};
-
-Outcome Read(IValueBase& value, const unsigned char* bytes, ULONG size) {
-  Outcome outcome;
+BufferOutcome Read(IValueBase& value, const unsigned char* bytes, ULONG size) {
+  BufferOutcome outcome;
   // The interface does not say const, but a reader only reads.
   Check(value.ReadFromBuffer(const_cast<unsigned char*>(bytes), size, &outcome.count, &outcome.done), &value);
   return outcome;
 }
 
-Outcome Write(IValueBase& value, unsigned char* bytes, ULONG size) {
-  Outcome outcome;
+BufferOutcome Write(IValueBase& value, unsigned char* bytes, ULONG size) {
+  BufferOutcome outcome;
   Check(value.WriteToBuffer(bytes, size, &outcome.count, &outcome.done), &value);
   return outcome;
 }
@@ -55,7 +44,7 @@ bool DecodeValue(IValueBase& value, ReadCursor& cursor) {
   const std::uint32_t room = cursor.room();
   const ULONG needed = UncheckedSize(value);
   if (needed > room) return false;
-  Outcome outcome;
+  BufferOutcome outcome;
   if (room < kWidestElementary) {
     Scratch scratch{};
     std::copy_n(cursor.rest().begin(), room, scratch.begin());
@@ -71,7 +60,7 @@ bool EncodeValue(IValueBase& value, WriteCursor& cursor) {
   const std::uint32_t room = cursor.room();
   const ULONG needed = UncheckedSize(value);
   if (needed > room) return false;
-  Outcome outcome;
+  BufferOutcome outcome;
   if (room < kWidestElementary) {
     Scratch scratch{};
     std::copy_n(cursor.rest().begin(), room, scratch.begin());

@@ -6,14 +6,14 @@ namespace halyard {
 
 HRESULT SimpleFixedStructure::get_Item(VARIANT vIndex, VARIANT* pvValue) {
   return Call("Item", [&] {
-    VARIANT& result = Out(pvValue);
+    Out(pvValue) = Variant().Detach();
     const MemberLayout* member = type_.Find(vIndex);
-    if (member == nullptr) {
-      result = Variant::Null().Detach();
-    } else if (block_.Field(*member).empty()) {
-      result = Variant(WideView()).Detach();
+    if (member != nullptr && member->size == 0) {
+      *pvValue = Variant(WideView()).Detach();
+    } else if (member != nullptr && block_.Holds(*member)) {
+      *pvValue = block_.Read(*member).Detach();
     } else {
-      result = block_.Read(*member).Detach();
+      *pvValue = Variant::Null().Detach();
     }
   });
 }
@@ -21,7 +21,7 @@ HRESULT SimpleFixedStructure::get_Item(VARIANT vIndex, VARIANT* pvValue) {
 HRESULT SimpleFixedStructure::put_Item(VARIANT vIndex, VARIANT vValue) {
   return Call("Item", [&] {
     const MemberLayout* member = type_.Find(vIndex);
-    if (member != nullptr && !block_.Field(*member).empty()) block_.Write(*member, vValue);
+    if (member != nullptr && block_.Holds(*member)) block_.Write(*member, vValue);
   });
 }
 
@@ -34,11 +34,11 @@ HRESULT SimpleFixedStructure::get_At(VARIANT, IValueBase** ppValue) {
 
 HRESULT SimpleFixedStructure::Copy(IValueBase** ppCopy) {
   return Call("Copy", [&] {
-    IValueBase*& result = Out(ppCopy);
+    Out(ppCopy) = nullptr;
     const Ptr<SimpleFixedStructure> copy = NewObject<SimpleFixedStructure>();
     copy->type_ = type_;
     copy->block_ = block_;
-    result = Ptr<IValueBase>(copy).Detach();
+    *ppCopy = Ptr<IValueBase>(copy).Detach();
   });
 }
 
@@ -51,16 +51,18 @@ void SimpleFixedStructure::Build() {
   if (size == 0) {
     type_.Drop();
   } else {
-    block_.Allocate(size);
+    block_.Resize(size);
   }
 }
 
 bool SimpleFixedStructure::Decode(ReadCursor& cursor) {
-  return BlockIsWhole() && cursor.TakeBytes(block_.bytes().data(), block_.size());
+  return BlockIsWhole() && cursor.room() >= block_.size() &&
+         cursor.TakeBytes(block_.bytes().data(), block_.size());
 }
 
 bool SimpleFixedStructure::Encode(WriteCursor& cursor) {
-  return BlockIsWhole() && cursor.PutBytes(block_.bytes().data(), block_.size());
+  return BlockIsWhole() && cursor.room() >= block_.size() &&
+         cursor.PutBytes(block_.bytes().data(), block_.size());
 }
 
 }  // namespace halyard

@@ -53,12 +53,12 @@ HRESULT SimpleValue::put_Value(VARIANT vValue) {
 
 HRESULT SimpleValue::Copy(IValueBase** ppCopy) {
   return Call("Copy", [&] {
-    IValueBase*& result = Out(ppCopy);
+    Out(ppCopy) = nullptr;
     const Ptr<SimpleValue> copy = NewObject<SimpleValue>();
     copy->type_ = type_;
     copy->data_size_ = data_size_;
     copy->value_ = Variant::CopyOf(value_.get());
-    result = Ptr<IValueBase>(copy).Detach();
+    *ppCopy = Ptr<IValueBase>(copy).Detach();
   });
 }
 
@@ -133,7 +133,7 @@ bool SimpleValue::Decode(ReadCursor& cursor) {
 bool SimpleValue::Encode(WriteCursor& cursor) {
   Variant text = AsText(value_);
   const WideView wide = ViewOf(text->bstrVal);
-  if (!cursor.PutText(Narrow(wide), static_cast<std::uint16_t>(wide.size()))) return false;
+  if (!cursor.PutText(Narrow(wide), wide.size())) return false;
   value_ = std::move(text);  // a number that was written as a text is a text from now on
   return true;
 }

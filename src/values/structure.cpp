@@ -21,16 +21,16 @@ Ptr<IValueBase> NewMember(const MemberLayout& member) {
 
 HRESULT Structure::get_Item(VARIANT vIndex, VARIANT* pvValue) {
   return Call("Item", [&] {
-    VARIANT& result = Out(pvValue);
+    Out(pvValue) = Variant().Detach();
     const MemberLayout* member = type_.Find(vIndex);
     Variant value = Variant::Null();
     if (member != nullptr && member->size != 0) {
-      if (!block_.Field(*member).empty()) value = block_.Read(*member);
+      if (block_.Holds(*member)) value = block_.Read(*member);
     } else if (member != nullptr) {
       const Ptr<IValueBase> object = ObjectOf(*member);
       if (object) Check(object->get_Value(value.Out()), object);
     }
-    result = value.Detach();
+    *pvValue = value.Detach();
   });
 }
 
@@ -40,7 +40,7 @@ HRESULT Structure::put_Item(VARIANT vIndex, VARIANT vValue) {
     if (member == nullptr) return;
     if (member->size == 0) {
       PutObjectMember(*member, vValue);
-    } else if (!block_.Field(*member).empty()) {
+    } else if (block_.Holds(*member)) {
       block_.Write(*member, vValue);
     }
   });
@@ -95,7 +95,7 @@ void Structure::Build() {
     }
   }
   members_ = std::move(members);
-  block_.Allocate(size);
+  block_.Resize(size);
 }
 
 Ptr<IValueBase>* Structure::SlotOf(const MemberLayout& member) noexcept {
@@ -117,9 +117,8 @@ void Structure::PutObjectMember(const MemberLayout& member, const VARIANT& value
   if (value.vt == VT_NULL) {
     slot->Reset();
   } else if (value.vt == VT_DISPATCH) {
-    // An object that is no value is not taken, without a failure.
-    Ptr<IValueBase> object = Ptr<IDispatch>(value.pdispVal).As<IValueBase>();
-    if (object || value.pdispVal == nullptr) *slot = std::move(object);
+    // An object that is no value leaves the member null, without a failure.
+    *slot = Ptr<IDispatch>(value.pdispVal).As<IValueBase>();
   } else {
     if (!*slot) *slot = NewMember(member);
     const Ptr<IValueBase> object = *slot;
@@ -147,8 +146,8 @@ bool Structure::Encode(WriteCursor& cursor) {
 
 bool Structure::EncodeMember(WriteCursor& cursor, const MemberLayout& member) {
   if (member.size != 0) {
-    const std::span<unsigned char> field = block_.Field(member);
-    return !field.empty() && cursor.PutBytes(field.data(), field.size());
+    if (!block_.Holds(member) || cursor.room() < member.size) return false;
+    return cursor.PutBytes(block_.Field(member).data(), member.size);
   }
   if (member.can_be_null) {
     const bool is_null = !ObjectOf(member);
@@ -168,8 +167,8 @@ bool Structure::Decode(ReadCursor& cursor) {
 
 bool Structure::DecodeMember(ReadCursor& cursor, const MemberLayout& member) {
   if (member.size != 0) {
-    const std::span<unsigned char> field = block_.Field(member);
-    return !field.empty() && cursor.TakeBytes(field.data(), field.size());
+    if (!block_.Holds(member) || cursor.room() < member.size) return false;
+    return cursor.TakeBytes(block_.Field(member).data(), member.size);
   }
   if (member.can_be_null) {
     std::uint8_t flag = kPresent;

@@ -1,21 +1,8 @@
-#include "values/structure_object.h"
+#include "values/structure_type.h"
+
+#include "halyard/object/variant.h"
 
 namespace halyard {
-
-Variant StructureBlock::Read(const MemberLayout& member) {
-  Variant value;
-  // From the field to the end of the block, so that a text may go on; conversions that
-  // are wider than their field reach into the spare bytes.
-  const std::span<const unsigned char> bytes(bytes_.data() + member.offset,
-                                             size_ - std::size_t{member.offset});
-  if (ReadElementary(bytes, static_cast<SHORT>(member.type), value.get())) return value;
-  return Variant(WideView());
-}
-
-void StructureBlock::Write(const MemberLayout& member, const VARIANT& value) {
-  Variant copy = Variant::CopyOf(value);
-  WriteElementary(copy.get(), static_cast<SHORT>(member.type), bytes_.data() + member.offset, member.size);
-}
 
 void StructureType::Take(IValueDefBase* definition) {
   definition_ = QueryFor<IStructureDef>(definition);

@@ -1,0 +1,104 @@
+#include "values/arrays/simple_array.h"
+
+#include <cstring>
+#include <limits>
+#include <new>
+
+namespace halyard {
+namespace {
+
+constexpr ULONG kCountBytes = 4;
+
+// Slots by which a full block grows, and spare slots from which it is cut to its count.
+constexpr ULONG kGrowth = 10;
+constexpr ULONG kSpareToGiveBack = 9;
+
+}  // namespace
+
+HRESULT SimpleArray::Add(VARIANT vValue) {
+  return Call("Add", [&] {
+    if (count_ == std::numeric_limits<ULONG>::max()) throw std::bad_alloc();
+    if (capacity_ <= count_) {
+      block_.Resize(width() * (capacity_ + kGrowth));
+      capacity_ += kGrowth;
+    }
+    // The element is there before its value, and stays where that does not convert.
+    static_cast<void>(block_.Writable());
+    const ULONG position = count_++;
+    Store(position, vValue);
+  });
+}
+
+HRESULT SimpleArray::Remove(VARIANT vIndex) {
+  return Call("Remove", [&] {
+    const ULONG position = ElementPosition(vIndex, count_);
+    const std::uint64_t behind = Offset(count_) - Offset(position + 1);
+    if (block_.Stored() != nullptr && behind != 0) {
+      unsigned char* slot = block_.Writable() + Offset(position);
+      std::memmove(slot, slot + width(), static_cast<std::size_t>(behind));
+    }
+    --count_;
+    if (capacity_ - count_ >= kSpareToGiveBack) {
+      block_.Resize(Offset(count_));
+      capacity_ = count_;
+    }
+  });
+}
+
+HRESULT SimpleArray::RemoveAll() {
+  Reset(0);
+  return S_OK;
+}
+
+HRESULT SimpleArray::Copy(IValueBase** ppCopy) {
+  return Call("Copy", [&] {
+    Out(ppCopy) = nullptr;
+    const Ptr<SimpleArray> copy = NewObject<SimpleArray>();
+    copy->type_ = type_;
+    copy->SetElementType(element_type());
+    copy->Reset(count_);
+    if (block_.Stored() != nullptr && copy->block_.size() != 0)
+      std::memcpy(copy->block_.Writable(), block_.Stored(), static_cast<std::size_t>(copy->block_.size()));
+    HandOut(ppCopy, Ptr<IValueBase>(copy));
+  });
+}
+
+HRESULT SimpleArray::put_Info(IValueDefBase* pInfo) {
+  return Call("Info", [&] {
+    if (pInfo == nullptr) throw Error(E_INVALIDARG, "an array needs a definition");
+    if (type_) return;
+    type_.Take(pInfo);
+    const ArrayLayout& layout = type_.layout();
+    SetElementType(layout.element_type);
+    Reset(layout.element_count);
+    // A definition that this class cannot serve is not kept, but its count is.
+    if (width() == 0 || count_ != 0) type_.Drop();
+  });
+}
+
+HRESULT SimpleArray::get_PacketSize(ULONG* pdwSize) {
+  return Call("PacketSize", [&] { Out(pdwSize) = kCountBytes + static_cast<ULONG>(Offset(count_)); });
+}
+
+bool SimpleArray::Decode(ReadCursor& cursor) {
+  ULONG count = 0;
+  if (!cursor.Take(count)) return false;
+  // The count is kept even where the elements are not there.
+  Reset(count);
+  if (block_.size() > cursor.room()) return false;
+  return cursor.TakeBytes(block_.Writable(), static_cast<std::size_t>(block_.size()));
+}
+
+bool SimpleArray::Encode(WriteCursor& cursor) const {
+  if (!cursor.Put(count_) || Offset(count_) > cursor.room()) return false;
+  const auto bytes = static_cast<std::size_t>(Offset(count_));
+  return block_.Stored() != nullptr ? cursor.PutBytes(block_.Stored(), bytes) : cursor.PutField({}, bytes);
+}
+
+void SimpleArray::Reset(ULONG count) noexcept {
+  count_ = count;
+  capacity_ = count;
+  block_.Reset(Offset(count));
+}
+
+}  // namespace halyard

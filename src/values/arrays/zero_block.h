@@ -1,0 +1,45 @@
+// ZeroBlock: an owned block of bytes that takes memory only when somebody writes to it.
+//
+// A block that was announced but never written reads as zeros, whatever its size: a
+// count in a broken encoding, or a definition of many large arrays, costs nothing until
+// bytes arrive. Behind the bytes lie spare ones, because an Int64 is stored in 8 bytes
+// although it counts 4.
+#pragma once
+
+#include <cstdint>
+#include <cstdlib>
+#include <memory>
+
+namespace halyard {
+
+class ZeroBlock {
+ public:
+  ZeroBlock() noexcept = default;
+  ZeroBlock(ZeroBlock&&) noexcept = default;
+  ZeroBlock& operator=(ZeroBlock&&) noexcept = default;
+
+  // Becomes a block of zeros and gives back its memory.
+  void Reset(std::uint64_t size) noexcept;
+
+  // Keeps the first bytes; further ones are zeros. Throws std::bad_alloc.
+  void Resize(std::uint64_t size);
+
+  [[nodiscard]] std::uint64_t size() const noexcept { return size_; }
+
+  // The bytes, null while nothing was written: then all of them are zeros.
+  [[nodiscard]] const unsigned char* Stored() const noexcept { return memory_.get(); }
+
+  // The bytes, with memory behind them from now on; null for an empty block. Throws
+  // std::bad_alloc.
+  [[nodiscard]] unsigned char* Writable();
+
+ private:
+  struct Free {
+    void operator()(unsigned char* memory) const noexcept { std::free(memory); }
+  };
+
+  std::uint64_t size_ = 0;
+  std::unique_ptr<unsigned char, Free> memory_;  // size_ and the spare bytes, or none
+};
+
+}  // namespace halyard

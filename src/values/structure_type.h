@@ -1,0 +1,32 @@
+// StructureType: the definition that a structure value holds, if it has taken one.
+#pragma once
+
+#include "definitions/structure_layout.h"
+#include "halyard/definitions/structure_def.h"
+
+namespace halyard {
+
+class StructureType {
+ public:
+  // Takes a structure definition of this library; raises E_INVALIDARG for any other
+  // object and what its answers raise.
+  void Take(IValueDefBase* definition);
+  void Drop() noexcept;
+
+  [[nodiscard]] explicit operator bool() const noexcept { return static_cast<bool>(definition_); }
+  [[nodiscard]] const StructureLayout& layout() const;
+
+  // The definition with a reference, and its id. Both raise E_POINTER without one.
+  [[nodiscard]] Ptr<IValueDefBase> Definition() const;
+  [[nodiscard]] SHORT Id() const;
+
+  // The member that a client's index means, null for none: a name, or a position.
+  // Raises what the conversion of the index raises.
+  [[nodiscard]] const MemberLayout* Find(const VARIANT& index) const;
+
+ private:
+  Ptr<IStructureDef> definition_;
+  Ptr<IStructureLayoutSource> source_;
+};
+
+}  // namespace halyard
