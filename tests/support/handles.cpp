@@ -1,0 +1,74 @@
+#include "tests/support/handles.h"
+
+#ifdef _WIN32
+
+namespace halyard::test {
+namespace {
+
+LONG ValueOf(HANDLE handle) { return static_cast<LONG>(reinterpret_cast<LONG_PTR>(handle)); }
+HANDLE HandleOf(LONG value) { return reinterpret_cast<HANDLE>(static_cast<LONG_PTR>(value)); }
+
+LONG Open(const std::filesystem::path& path, DWORD access, DWORD disposition) {
+  return ValueOf(CreateFileW(path.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, disposition,
+                             FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
+}  // namespace
+
+LONG OpenHandleForRead(const std::filesystem::path& path) { return Open(path, GENERIC_READ, OPEN_EXISTING); }
+
+LONG OpenHandleForWrite(const std::filesystem::path& path) {
+  return Open(path, GENERIC_WRITE, CREATE_ALWAYS);
+}
+
+LONG OpenHandleThatRefusesWrites(const std::filesystem::path& existing) {
+  return OpenHandleForRead(existing);
+}
+
+Pipe OpenPipe() {
+  HANDLE read = INVALID_HANDLE_VALUE;
+  HANDLE write = INVALID_HANDLE_VALUE;
+  CreatePipe(&read, &write, nullptr, 0);
+  return {ValueOf(read), ValueOf(write)};
+}
+
+bool IsOpen(LONG handle) {
+  DWORD flags = 0;
+  return GetHandleInformation(HandleOf(handle), &flags) != FALSE;
+}
+
+void CloseHandleValue(LONG handle) { CloseHandle(HandleOf(handle)); }
+
+}  // namespace halyard::test
+
+#else
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace halyard::test {
+
+LONG OpenHandleForRead(const std::filesystem::path& path) { return open(path.c_str(), O_RDONLY | O_CLOEXEC); }
+
+LONG OpenHandleForWrite(const std::filesystem::path& path) {
+  return open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+}
+
+LONG OpenHandleThatRefusesWrites(const std::filesystem::path& existing) {
+  const LONG full = open("/dev/full", O_WRONLY | O_CLOEXEC);
+  return full != kNoHandle ? full : OpenHandleForRead(existing);
+}
+
+Pipe OpenPipe() {
+  int ends[2] = {kNoHandle, kNoHandle};
+  if (pipe(ends) != 0) return {kNoHandle, kNoHandle};
+  return {ends[0], ends[1]};
+}
+
+bool IsOpen(LONG handle) { return fcntl(handle, F_GETFD) != -1; }
+
+void CloseHandleValue(LONG handle) { close(handle); }
+
+}  // namespace halyard::test
+
+#endif

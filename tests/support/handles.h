@@ -1,0 +1,30 @@
+// The platform's file handles as 32-bit values, as files of units take them.
+#pragma once
+
+#include <filesystem>
+
+#include "halyard/platform/automation.h"
+
+namespace halyard::test {
+
+// The value that stands for no handle.
+inline constexpr LONG kNoHandle = -1;
+
+LONG OpenHandleForRead(const std::filesystem::path& path);
+LONG OpenHandleForWrite(const std::filesystem::path& path);
+
+// A handle on which every write fails: a full device where there is one, else a handle
+// that is open for reading only.
+LONG OpenHandleThatRefusesWrites(const std::filesystem::path& existing);
+
+// Two ends of a pipe: what is written to one is read from the other.
+struct Pipe {
+  LONG read;
+  LONG write;
+};
+Pipe OpenPipe();
+
+bool IsOpen(LONG handle);
+void CloseHandleValue(LONG handle);
+
+}  // namespace halyard::test
