@@ -9,6 +9,7 @@
 #include "halyard/definitions/value_def_base.h"
 #include "halyard/object/bstr.h"
 #include "halyard/object/error.h"
+#include "halyard/object/live_objects.h"
 #include "halyard/object/ptr.h"
 #include "halyard/object/variant.h"
 #include "halyard/platform/automation.h"

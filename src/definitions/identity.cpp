@@ -16,7 +16,7 @@ bool PutNarrow(WriteCursor& cursor, const std::string& text) {
 
 void Identity::SetName(BSTR text) { name = NarrowToZero(ViewOf(text)); }
 
-Bstr Identity::NewName() const { return Bstr(Widen(name)); }
+Bstr Identity::NewName() const { return Bstr(Widen(std::string_view(name).substr(0, name.find('\0')))); }
 
 std::uint16_t Identity::PacketSize() const noexcept {
   return static_cast<std::uint16_t>(kFixedBytes + name.size() + caption.size());

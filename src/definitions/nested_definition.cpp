@@ -3,6 +3,7 @@
 #include "halyard/classes.h"
 #include "halyard/types/type_codes.h"
 #include "object/activation.h"
+#include "object/buffer_calls.h"
 #include "object/nesting.h"
 #include "platform/message.h"
 
@@ -26,10 +27,6 @@ const CLSID* DefinitionClass(std::uint16_t type) noexcept {
   }
 }
 
-void RequireCountInside(std::uint32_t count, std::uint32_t room) {
-  if (count > room) throw Error(E_UNEXPECTED, "a definition reports more bytes than there are");
-}
-
 }  // namespace
 
 Ptr<IValueDefBase> DefinitionForReading(std::uint16_t type, Ptr<IValueDefBase> current) {
@@ -45,24 +42,19 @@ Ptr<IValueDefBase> DefinitionForReading(std::uint16_t type, Ptr<IValueDefBase> c
 }
 
 bool DecodeDefinition(IValueDefBase& definition, ReadCursor& cursor) {
-  ULONG count = 0;
-  VARIANT_BOOL done = VARIANT_FALSE;
+  BufferOutcome outcome;
   // The interface does not say const, but a reader only reads.
   auto* bytes = const_cast<unsigned char*>(cursor.rest().data());
-  Check(definition.ReadFromBuffer(bytes, cursor.room(), &count, &done), &definition);
-  if (done == VARIANT_FALSE) return false;
-  RequireCountInside(count, cursor.room());
-  return cursor.Skip(count);
+  Check(definition.ReadFromBuffer(bytes, cursor.room(), &outcome.count, &outcome.done), &definition);
+  return outcome.Accepted(cursor.room()) && cursor.Skip(outcome.count);
 }
 
 bool EncodeDefinition(IValueDefBase& definition, WriteCursor& cursor) {
   const WalkingLevel level;
-  ULONG count = 0;
-  VARIANT_BOOL done = VARIANT_FALSE;
-  Check(definition.WriteToBuffer(cursor.rest().data(), cursor.room(), &count, &done), &definition);
-  if (done == VARIANT_FALSE) return false;
-  RequireCountInside(count, cursor.room());
-  return cursor.Skip(count);
+  BufferOutcome outcome;
+  Check(definition.WriteToBuffer(cursor.rest().data(), cursor.room(), &outcome.count, &outcome.done),
+        &definition);
+  return outcome.Accepted(cursor.room()) && cursor.Skip(outcome.count);
 }
 
 }  // namespace halyard

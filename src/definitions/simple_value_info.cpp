@@ -60,7 +60,7 @@ HRESULT SimpleValueInfo::get_Id(SHORT* pnId) {
 HRESULT SimpleValueInfo::put_Id(SHORT) { return S_OK; }
 
 HRESULT SimpleValueInfo::get_Name(BSTR* psName) {
-  return Call("Name", [&] { HandOut(psName, Bstr(WideView())); });
+  return Call("Name", [&] { HandOut(psName, NewEmptyText()); });
 }
 
 HRESULT SimpleValueInfo::put_Name(BSTR) { return S_OK; }
@@ -92,7 +92,10 @@ HRESULT SimpleValueInfo::get_PacketSize(ULONG* pdwSize) {
 }
 
 HRESULT SimpleValueInfo::CreateDataObject(IValueBase** ppResult) {
-  return Call("CreateDataObject", [&] { HandOut(ppResult, CreateValueOf(this, kSimpleValueClass)); });
+  return Call("CreateDataObject", [&] {
+    Out(ppResult) = nullptr;
+    HandOut(ppResult, CreateValueOf(this, kSimpleValueClass));
+  });
 }
 
 HRESULT SimpleValueInfo::get_MinValue(VARIANT* pvMin) {
@@ -100,7 +103,7 @@ HRESULT SimpleValueInfo::get_MinValue(VARIANT* pvMin) {
 }
 
 HRESULT SimpleValueInfo::put_MinValue(VARIANT vMin) {
-  return Call("MinValue", [&] { min_value_ = Variant::CopyOf(vMin); });
+  return Call("MinValue", [&] { min_value_ = Variant::Followed(vMin); });
 }
 
 HRESULT SimpleValueInfo::get_MaxValue(VARIANT* pvMax) {
@@ -108,7 +111,7 @@ HRESULT SimpleValueInfo::get_MaxValue(VARIANT* pvMax) {
 }
 
 HRESULT SimpleValueInfo::put_MaxValue(VARIANT vMax) {
-  return Call("MaxValue", [&] { max_value_ = Variant::CopyOf(vMax); });
+  return Call("MaxValue", [&] { max_value_ = Variant::Followed(vMax); });
 }
 
 HRESULT SimpleValueInfo::get_Validation(VARIANT_BOOL* pbValidation) {

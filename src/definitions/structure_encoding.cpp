@@ -1,6 +1,8 @@
 // The encoding of a structure definition: identity, member count (2 bytes), data size
 // (2), then each member's name and caption, null flag (1), type code (2), data size (2)
 // and definition.
+#include <iterator>
+
 #include "definitions/nested_definition.h"
 #include "definitions/structure_info.h"
 #include "object/nesting.h"
@@ -9,8 +11,8 @@ namespace halyard {
 namespace {
 
 constexpr ULONG kCountAndSizeBytes = 4;
-constexpr char kNoDefinition[] = "a member has no definition";
 constexpr ULONG kMemberBytes = 9;  // two lengths, flag, type code, data size
+constexpr char kNoDefinition[] = "a member has no definition";
 
 bool PutText(WriteCursor& cursor, const OptionalText& text) {
   return cursor.PutText(text.NarrowForm(), text.EncodedLength());
@@ -77,29 +79,48 @@ bool StructureInfo::Decode(ReadCursor& cursor) {
   const ReadingLevel level;
   std::uint16_t count = 0;
   if (level.TooDeep() || !identity_.Decode(cursor) || !cursor.Take(count)) return false;
-  std::vector<MemberLayout>& members = layout_.members;
-  if (members.size() > count) members.resize(count);
+  CutMembers(count);
   announced_ = count;
   if (!cursor.Take(layout_.data_size)) return false;
   for (std::size_t i = 0; i < count; ++i) {
-    if (i == members.size()) members.emplace_back();
-    if (!DecodeMember(cursor, members[i])) return false;
+    if (!DecodeMember(cursor, i)) return false;
   }
   CalculateLayout();
   return true;
 }
 
-bool StructureInfo::DecodeMember(ReadCursor& cursor, MemberLayout& member) {
+bool StructureInfo::DecodeMember(ReadCursor& cursor, std::size_t position) {
+  OptionalText name;
+  OptionalText caption;
   std::uint8_t can_be_null = 0;
   std::uint16_t type = 0;
   std::uint16_t size = 0;  // follows from the definition; not looked at
-  if (!TakeText(cursor, member.name) || !TakeText(cursor, member.caption) || !cursor.Take(can_be_null))
-    return false;
-  member.can_be_null = can_be_null != 0;
+  if (!TakeText(cursor, name)) return false;
+  Reached(position).name = std::move(name);
+  if (!TakeText(cursor, caption)) return false;
+  Reached(position).caption = std::move(caption);
+  if (!cursor.Take(can_be_null)) return false;
+  Reached(position).can_be_null = can_be_null != 0;
   if (!cursor.Take(type) || !cursor.Take(size)) return false;
-  member.definition = DefinitionForReading(type, std::move(member.definition));
-  const Ptr<IValueDefBase> definition = Require(member.definition, "a member's type has no definition class");
-  return DecodeDefinition(*definition, cursor);
+  const Ptr<IValueDefBase> definition = DefinitionForReading(type, Reached(position).definition);
+  Reached(position).definition = definition;
+  return DecodeDefinition(*Require(definition, "a member's type has no definition class"), cursor);
+}
+
+// Members are looked up anew after each step that may run a client's code: the end of an
+// old definition, a message, a foreign class. What that code did to the table is lost.
+MemberLayout& StructureInfo::Reached(std::size_t position) {
+  if (position >= layout_.members.size()) layout_.members.resize(position + 1);
+  return layout_.members[position];
+}
+
+void StructureInfo::CutMembers(std::size_t count) {
+  if (layout_.members.size() <= count) return;
+  // Taken out before they end, so that their ends find a whole table.
+  const auto first = layout_.members.begin() + static_cast<std::ptrdiff_t>(count);
+  const std::vector<MemberLayout> surplus(std::make_move_iterator(first),
+                                          std::make_move_iterator(layout_.members.end()));
+  layout_.members.resize(count);
 }
 
 }  // namespace halyard

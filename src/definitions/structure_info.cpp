@@ -51,12 +51,13 @@ MemberMeasure Measure(Ptr<IValueDefBase> definition) {
 class MemberPlacer {
  public:
   void Place(MemberLayout& member, const MemberMeasure& measure) noexcept {
-    const bool fixed = measure.size != 0 && !member.can_be_null && measure.type <= kLastElementaryType;
+    const auto size = static_cast<std::uint16_t>(measure.size);
+    const bool fixed = size != 0 && !member.can_be_null && measure.type <= kLastElementaryType;
     member.type = static_cast<std::uint16_t>(measure.type);
-    member.size = fixed ? static_cast<std::uint16_t>(measure.size) : std::uint16_t{0};
+    member.size = fixed ? size : std::uint16_t{0};
     member.offset = fixed ? offset_ : slot_;
     if (fixed) {
-      offset_ = static_cast<std::uint16_t>(offset_ + measure.size);
+      offset_ = static_cast<std::uint16_t>(offset_ + size);
     } else {
       ++slot_;
     }
@@ -88,8 +89,8 @@ HRESULT StructureInfo::CalculateDataSize(ULONG* pdwSize) {
 
 HRESULT StructureInfo::CreateDataObject(IValueBase** ppResult) {
   return Call("CreateDataObject", [&] {
-    IValueBase*& result = Out(ppResult);
-    result = CreateValueOf(this, layout_.fixed ? kSimpleFixedStructureClass : kStructureClass).Detach();
+    Out(ppResult) = nullptr;
+    *ppResult = CreateValueOf(this, layout_.fixed ? kSimpleFixedStructureClass : kStructureClass).Detach();
   });
 }
 
@@ -97,7 +98,9 @@ HRESULT StructureInfo::get_MemberCount(LONG* pnCount) { return get_Count(pnCount
 
 HRESULT StructureInfo::get_MemberName(LONG nIndex, BSTR* psName) {
   return Call("MemberName", [&] {
-    if (psName != nullptr) HandOut(psName, MemberAt(nIndex).name.NewCopy());
+    if (psName == nullptr) return;
+    *psName = nullptr;
+    HandOut(psName, MemberAt(nIndex).name.NewCopy());
   });
 }
 
@@ -116,7 +119,8 @@ HRESULT StructureInfo::put_Members(VARIANT vIndex, IValueDefBase* pDef) {
   return Call("Members", [&] {
     if (pDef == nullptr) throw Error(E_INVALIDARG, "a member's definition cannot be replaced by none");
     Ptr<IValueDefBase> definition = QueryFor<IValueDefBase>(pDef);
-    if (MemberLayout* member = FindMember(vIndex)) member->definition = std::move(definition);
+    // Swapped, so that the old definition ends when the table is whole again.
+    if (MemberLayout* member = FindMember(vIndex)) std::swap(member->definition, definition);
   });
 }
 
@@ -151,11 +155,11 @@ HRESULT StructureInfo::AddSimpleMemberSized(BSTR sName, SHORT DataType, SHORT Da
 
 HRESULT StructureInfo::Remove(VARIANT vIndex) {
   return Call("Remove", [&] {
-    const MemberLayout* member = FindMember(vIndex);
+    MemberLayout* member = FindMember(vIndex);
     if (member == nullptr) return;
     std::vector<MemberLayout>& members = Whole().members;
     // Held until the table is whole again: a member's end may look at it.
-    const Ptr<IValueDefBase> definition = member->definition;
+    const Ptr<IValueDefBase> definition = std::move(member->definition);
     members.erase(members.begin() + (member - members.data()));
   });
 }

@@ -55,7 +55,13 @@ class StructureInfo : public CompositeDefinition<StructureInfo, IStructureInfo, 
 
   void CalculateLayout();
 
-  [[nodiscard]] bool DecodeMember(ReadCursor& cursor, MemberLayout& member);
+  [[nodiscard]] bool DecodeMember(ReadCursor& cursor, std::size_t position);
+
+  // The member at a position, which the table grows to hold.
+  MemberLayout& Reached(std::size_t position);
+
+  // Takes the members from position `count` on out of the table.
+  void CutMembers(std::size_t count);
 
   // The table with all its members. Everything but the reader works on it.
   StructureLayout& Whole();

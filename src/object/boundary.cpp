@@ -22,7 +22,8 @@ void DescribeFailure(const char* class_name, const char* operation, const char* 
     info->SetSource(source.data());
     info->SetDescription(description.data());
     SetErrorInfo(0, info.As<IErrorInfo>().get());
-  } catch (const std::bad_alloc&) {
+  } catch (...) {
+    SetErrorInfo(0, nullptr);
   }
 }
 

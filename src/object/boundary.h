@@ -1,5 +1,6 @@
 // The error boundary: inside the library failures are exceptions, at an interface they
-// are status codes with an error object. Every interface method body runs in Guarded.
+// are status codes with an error object. Every interface method body that can fail runs
+// in Guarded.
 #pragma once
 
 #include <type_traits>
@@ -36,6 +37,9 @@ T& Out(T* place) {
   if (place == nullptr) throw Error(E_POINTER, "an out argument is a null pointer");
   return *place;
 }
+
+// A truth as the automation boolean of a result.
+inline VARIANT_BOOL ToResult(bool value) noexcept { return value ? VARIANT_TRUE : VARIANT_FALSE; }
 
 // Hands what `owner` holds to the caller through a required out argument. The place is
 // checked first, so nothing is lost where there is none.

@@ -35,4 +35,17 @@ void WriteBuffer(unsigned char* buffer, ULONG size, ULONG* bytes_written, VARIAN
   done = VARIANT_TRUE;
 }
 
+// What another object answered to one of these calls.
+struct BufferOutcome {
+  ULONG count = 0;
+  VARIANT_BOOL done = VARIANT_FALSE;
+
+  // Whether it did its part; raises a count that the room cannot hold.
+  [[nodiscard]] bool Accepted(std::uint32_t room) const {
+    if (done == VARIANT_FALSE) return false;
+    if (count > room) throw Error(E_UNEXPECTED, "an object reports more bytes than there are");
+    return true;
+  }
+};
+
 }  // namespace halyard

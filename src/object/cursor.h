@@ -91,9 +91,10 @@ class WriteCursor {
     return true;
   }
 
-  // Puts a 16-bit length and that many bytes of narrow text, filled up with zeros.
-  [[nodiscard]] bool PutText(std::string_view text, std::uint16_t length) noexcept {
-    return Put(length) && PutField(text, length);
+  // Puts the low 16 bits of a length and that many bytes of narrow text, filled up with
+  // zeros.
+  [[nodiscard]] bool PutText(std::string_view text, std::size_t length) noexcept {
+    return Put(static_cast<std::uint16_t>(length)) && PutField(text, length);
   }
 
   [[nodiscard]] bool Skip(std::size_t size) noexcept {

@@ -1,6 +1,6 @@
 // Limits on recursion. Definitions and values nest, by a client's doing even in
 // themselves, and encodings of strangers nest as deep as they like: every recursion
-// over them holds one of these.
+// over them holds one of these. (Their ends are bounded by object/ending.h.)
 #pragma once
 
 #include "halyard/object/error.h"

@@ -19,6 +19,7 @@
 #include "halyard/object/ptr.h"
 #include "object/boundary.h"
 #include "object/dispatch.h"
+#include "object/ending.h"
 #include "object/module_lock.h"
 #include "object/object_safety.h"
 
@@ -151,17 +152,11 @@ class PlainObject final : public T {
 
   ULONG STDMETHODCALLTYPE Release() override {
     const ULONG left = --references_;
-    if (left == 0) {
-      references_ = kDying;
-      delete this;
-    }
+    if (left == 0) EndObject(this, [](void* object) { delete static_cast<PlainObject*>(object); });
     return left;
   }
 
  private:
-  // Keeps an object that is handed around by its own destruction from dying twice.
-  static constexpr ULONG kDying = 0x40000000;
-
   ULONG references_ = 0;
 };
 
@@ -184,7 +179,7 @@ class AggregatedObject final : public IUnknown {
 
   ULONG STDMETHODCALLTYPE Release() override {
     const ULONG left = --references_;
-    if (left == 0) delete this;
+    if (left == 0) EndObject(this, [](void* object) { delete static_cast<AggregatedObject*>(object); });
     return left;
   }
 

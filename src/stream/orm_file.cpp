@@ -1,6 +1,8 @@
 #include "stream/orm_file.h"
 
+#include <algorithm>
 #include <cstring>
+#include <iterator>
 #include <limits>
 #include <string_view>
 
@@ -18,11 +20,10 @@ constexpr char kSignature[4] = "Orm";
 constexpr float kFormatVersion = 1.0f;
 constexpr std::uint32_t kLengthBytes = 4;
 
-VARIANT_BOOL ToResult(bool value) noexcept { return value ? VARIANT_TRUE : VARIANT_FALSE; }
-
 // Letter case is ignored, as readers have always done.
 bool IsSignature(const char (&bytes)[sizeof kSignature]) noexcept {
-  const std::string_view text(bytes, strnlen(bytes, sizeof bytes));
+  const std::string_view text(bytes,
+                              static_cast<std::size_t>(std::find(bytes, std::end(bytes), '\0') - bytes));
   return EqualIgnoringCase(text, std::string_view(kSignature));
 }
 
@@ -80,7 +81,8 @@ HRESULT OrmFile::AttachForRead(LONG nHandle, VARIANT_BOOL bCreateNewSession, VAR
       session_ = ActivateAs<IOrmSession>(kOrmSessionClass);
     }
     const Ptr<IUnit> unit = Require(unit_, "the file has no current unit");
-    Check(unit->put_Session(session_.get()), unit);
+    const Ptr<IOrmSession> session = session_;
+    Check(unit->put_Session(session.get()), unit);
     *pbResult = VARIANT_TRUE;
   });
 }
@@ -170,7 +172,8 @@ bool OrmFile::WriteHeader() {
 
 bool OrmFile::ReadRecord() {
   const Ptr<IUnit> unit = Require(unit_, "the file has no current unit");
-  Check(unit->put_Session(session_.get()), unit);
+  const Ptr<IOrmSession> session = session_;
+  Check(unit->put_Session(session.get()), unit);
   std::uint32_t length = 0;
   std::uint32_t count = 0;
   if (!ReadFromFile(handle_, &length, kLengthBytes, &count) || count != kLengthBytes) return false;
@@ -194,12 +197,13 @@ bool OrmFile::WriteRecord() {
   RecordBuffer record(buffer_.get());
   unsigned char* bytes = record.Reserve(total);
   std::memcpy(bytes, &length, kLengthBytes);
+  // Values pass over bytes that they do not interpret, and a unit may use less than it
+  // announced: nothing of earlier records goes out there.
+  std::memset(bytes + kLengthBytes, 0, length);
   ULONG written = 0;
   VARIANT_BOOL done = VARIANT_FALSE;
   Check(unit->WriteToBuffer(bytes + kLengthBytes, length, &written, &done), unit);
   if (done == VARIANT_FALSE) return false;
-  // A unit may use less than it announced; nothing of earlier records goes out instead.
-  if (written < length) std::memset(bytes + kLengthBytes + written, 0, length - written);
   return WriteToFile(handle_, bytes, static_cast<std::uint32_t>(total));
 }
 

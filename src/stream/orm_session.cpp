@@ -29,14 +29,14 @@ bool HasName(const Ptr<IValueDefBase>& definition, const std::string& name) {
 }  // namespace
 
 HRESULT OrmSession::GetTypeFromId(VARIANT vtType, SHORT wId, IValueDefBase** ppTypeInfo) {
-  return Call("GetTypeFromId", [&]() -> HRESULT {
+  return Call("GetTypeFromId", [&] {
     Out(ppTypeInfo) = nullptr;
     const SHORT type = TypeCodeFromVariant(vtType);
-    if (type == kInvalid) return S_OK;
+    if (type == kInvalid) return;
     const std::size_t place = Find(type, wId);
-    if (place == kNone) return S_OK;
+    if (place == kNone) return;
     const Ptr<IValueDefBase> found = definitions_[place];
-    return found->QueryInterface(IidOf<IValueDefBase>, reinterpret_cast<void**>(ppTypeInfo));
+    Check(found->QueryInterface(IidOf<IValueDefBase>, reinterpret_cast<void**>(ppTypeInfo)), found);
   });
 }
 

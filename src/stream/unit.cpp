@@ -10,8 +10,6 @@ constexpr ULONG kInfoHeaderBytes = 4;  // kind, type code
 constexpr char kNoValue[] = "the data unit has no value";
 constexpr char kNoInfo[] = "the info unit has no definition";
 
-VARIANT_BOOL ToResult(bool value) noexcept { return value ? VARIANT_TRUE : VARIANT_FALSE; }
-
 }  // namespace
 
 HRESULT Unit::get_IsDataUnit(VARIANT_BOOL* pbResult) {
@@ -33,7 +31,7 @@ HRESULT Unit::get_TypeString(BSTR* psType) {
 HRESULT Unit::get_Value(IValueBase** ppValue) {
   return Call("Value", [&] {
     Out(ppValue) = nullptr;
-    if (kind_ == kDataUnit) *ppValue = QueryFor<IValueBase>(value_.get()).Detach();
+    if (kind_ == kDataUnit) *ppValue = QueryFor<IValueBase>(Ptr(value_).get()).Detach();
   });
 }
 
@@ -49,7 +47,7 @@ HRESULT Unit::put_Value(IValueBase* pValue) {
 HRESULT Unit::get_Info(IValueDefBase** ppInfo) {
   return Call("Info", [&] {
     Out(ppInfo) = nullptr;
-    if (kind_ == kInfoUnit) *ppInfo = QueryFor<IValueDefBase>(info_.get()).Detach();
+    if (kind_ == kInfoUnit) *ppInfo = QueryFor<IValueDefBase>(Ptr(info_).get()).Detach();
   });
 }
 

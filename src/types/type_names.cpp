@@ -37,7 +37,15 @@ constexpr TypeRow kTypes[] = {
 constexpr SHORT kTypeCount = sizeof kTypes / sizeof kTypes[0];
 constexpr const char* kUnknownName = "Unknown";
 
-// The rows stand in the order of their codes.
+// A code is the position of its row.
+constexpr bool RowsStandInOrder() {
+  for (SHORT i = 0; i < kTypeCount; ++i) {
+    if (kTypes[i].code != i) return false;
+  }
+  return true;
+}
+static_assert(RowsStandInOrder());
+
 const TypeRow* FindType(SHORT code) noexcept {
   return code >= 0 && code < kTypeCount ? &kTypes[code] : nullptr;
 }

@@ -3,7 +3,8 @@
 //
 // A member is found by name (a VT_BSTR index, first match, letter case ignored) or by
 // position from 0. Adding, removing and changing members leaves the layout as it was
-// until the next CalculateDataSize.
+// until the next CalculateDataSize. A member without a definition makes CalculateDataSize,
+// PacketSize and WriteToBuffer E_POINTER.
 //
 // Encoding: id (2 bytes), name and caption (length 2, narrow text each), member count
 // (2), data size (2); then for each member its name and caption (length 2, text), the

@@ -58,7 +58,8 @@ struct IValueDefBase : IDispatch {
 
   // Writes the definition into a buffer of dwBufferSize bytes, little-endian, without
   // padding. True with the number of bytes written, or, when the room ends, false with
-  // the count untouched and the fields written so far left in the buffer.
+  // the count untouched and the fields written so far left in the buffer. E_POINTER for a
+  // null buffer, which a reader takes for an empty one.
   virtual HRESULT STDMETHODCALLTYPE WriteToBuffer(unsigned char* pBuffer, ULONG dwBufferSize,
                                                   ULONG* pdwBytesWritten, VARIANT_BOOL* pbResult) = 0;
 

@@ -57,6 +57,14 @@ class Variant {
     return result;
   }
 
+  // As CopyOf, but a reference (VT_BYREF) gives the value that it points at: for values
+  // that are kept longer than the call that brought them.
+  static Variant Followed(const VARIANT& value) {
+    Variant result;
+    Check(VariantCopyInd(&result.value_, Source(value)));
+    return result;
+  }
+
   Variant(Variant&& other) noexcept : value_(other.value_) { VariantInit(&other.value_); }
   Variant& operator=(Variant&& other) noexcept {
     std::swap(value_, other.value_);

@@ -20,8 +20,8 @@ struct IOrmFile : IDispatch {
   static constexpr IID kIid = {0x64A0B51C, 0xFCF7, 0x490A, {0x9E, 0x77, 0x4E, 0x91, 0xD3, 0x97, 0x12, 0xA1}};
 
   // Opens an existing file and checks its header: false when it cannot be opened or is
-  // no file of units. Others may read the file meanwhile, not write it. With
-  // bCreateNewSession (the default of scripts) definitions read earlier are forgotten.
+  // no file of units (it stays open then, until Close). Others may read the file meanwhile, not write it.
+  // With bCreateNewSession (the default of scripts) definitions read earlier are forgotten.
   virtual HRESULT STDMETHODCALLTYPE OpenForRead(BSTR sFileName, VARIANT_BOOL bCreateNewSession,
                                                 VARIANT_BOOL* pbResult) = 0;
 
@@ -60,12 +60,13 @@ struct IOrmFile : IDispatch {
   // for a record that is cut short.
   virtual HRESULT STDMETHODCALLTYPE ReadUnit(IUnit** ppData) = 0;
 
-  // As OpenForRead on a handle of the caller, which the file owns from now on: on
-  // Windows a file handle, elsewhere a file descriptor; -1 is none.
+  // Reads from a handle of the caller, at its position, as OpenForRead does from a file.
+  // The file owns the handle from now on, also after false, and does not close one that
+  // it held before. On Windows it is a file handle, elsewhere a file descriptor; -1 is none.
   virtual HRESULT STDMETHODCALLTYPE AttachForRead(LONG nHandle, VARIANT_BOOL bCreateNewSession,
                                                   VARIANT_BOOL* pbResult) = 0;
 
-  // As OpenForWrite on a handle of the caller, which the file owns from now on.
+  // Writes the header and further records to a handle of the caller, likewise.
   virtual HRESULT STDMETHODCALLTYPE AttachForWrite(LONG nHandle, VARIANT_BOOL* pbResult) = 0;
 };
 

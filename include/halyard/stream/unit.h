@@ -50,6 +50,8 @@ struct IUnit : IDispatch {
   // info unit, registers its definition. False only where the unit's own words are cut
   // short. True with the count untouched means that the body could not be read: its
   // definition is unknown, its type has no reader, or the body itself is cut short.
+  // E_POINTER where a session is needed and there is none, and for a definition type
+  // that no class has; E_NOTIMPL for the type Collection. The result is true then, too.
   virtual HRESULT STDMETHODCALLTYPE ReadFromBuffer(unsigned char* pBuffer, ULONG dwBufferSize,
                                                    ULONG* pdwBytesRead, VARIANT_BOOL* pbResult) = 0;
 

@@ -9,7 +9,8 @@
 //
 // Encoding: a String is a length (2 bytes) and that many narrow characters; any other
 // type is its elementary bytes, for which the buffer size is NOT checked: the caller
-// must give room for a whole field (8 bytes for an Int64, which counts 4).
+// must give room for a whole field (8 bytes for an Int64, which counts 4). A Date outside
+// the years 100 to 9999 cannot be written (DISP_E_OVERFLOW).
 #pragma once
 
 #include "halyard/values/value_base.h"

@@ -7,6 +7,13 @@
 // object, which is null (VT_NULL) where it was put so; the encoding is the members one
 // after another, a member that can be null led by a flag byte (1: null, nothing follows).
 //
+// Info (put) fails for null only (E_INVALIDARG); any other definition that cannot be taken
+// leaves the value without one. Putting an object (VT_DISPATCH) makes the member that very
+// object, and null where it is no value. A member that is null although it must not be
+// makes PacketSize, WriteToBuffer and ReadFromBuffer E_POINTER; so does reading into a
+// member that is null, until Item gives it a value again. Copy of a structure with null
+// members is E_POINTER.
+//
 // A position outside 0..count-1 and an unknown name mean no member: Item reads VT_NULL,
 // Name the empty string, At null, and a put does nothing.
 #pragma once

@@ -65,7 +65,8 @@ struct IValueBase : IDispatch {
 
   // Takes the value from the first bytes of a buffer of dwBufferSize bytes. True (-1)
   // with the number of bytes taken, or, when the buffer is too short, false (0) with
-  // the count untouched. S_OK in both cases. The definition must be set.
+  // the count untouched. S_OK in both cases. Without a definition a structure takes nothing and
+  // answers true; other kinds that need one answer E_POINTER.
   virtual HRESULT STDMETHODCALLTYPE ReadFromBuffer(unsigned char* pBuffer, ULONG dwBufferSize,
                                                    ULONG* pdwBytesRead, VARIANT_BOOL* pbResult) = 0;
 

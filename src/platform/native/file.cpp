@@ -3,12 +3,13 @@
 #include "platform/file.h"
 
 #include <fcntl.h>
+#include <pthread.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <new>
+#include <csignal>
 #include <string>
 
 #include "platform/native/utf.h"
@@ -21,20 +22,70 @@ constexpr mode_t kReadWriteForAll = 0666;
 // A POSIX path is bytes; UTF-8 is what people and their tools use for it.
 std::string PathBytes(WideView name) { return ToUtf8(name.substr(0, name.find(u'\0'))); }
 
+// Repeats a system call that a signal interrupted.
+template <class Call>
+auto Uninterrupted(Call&& call) noexcept {
+  auto result = call();
+  while (result < 0 && errno == EINTR) result = call();
+  return result;
+}
+
 FileHandle Open(WideView name, int flags, int lock) noexcept {
   try {
     const std::string path = PathBytes(name);
-    const int file = open(path.c_str(), flags | O_CLOEXEC, kReadWriteForAll);
+    const int file =
+        Uninterrupted([&] { return open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY, kReadWriteForAll); });
     if (file < 0) return kNoFile;
     struct stat status {};
     const bool usable = fstat(file, &status) == 0 && !S_ISDIR(status.st_mode) &&
                         (flock(file, lock | LOCK_NB) == 0 || errno != EWOULDBLOCK);
     if (usable) return file;
     close(file);
-  } catch (const std::bad_alloc&) {
+  } catch (...) {
+    // No memory for the name: the file cannot be opened.
   }
   return kNoFile;
 }
+
+// Keeps a broken pipe from ending the process while it lives: the write then fails with
+// EPIPE. Files cannot break, so they are written without it.
+class BrokenPipeGuard {
+ public:
+  BrokenPipeGuard() noexcept {
+    sigemptyset(&pipe_);
+    sigaddset(&pipe_, SIGPIPE);
+    sigset_t pending;
+    was_pending_ = sigpending(&pending) == 0 && sigismember(&pending, SIGPIPE) == 1;
+    blocked_ = pthread_sigmask(SIG_BLOCK, &pipe_, &old_) == 0;
+  }
+  ~BrokenPipeGuard() {
+    if (!blocked_) return;
+    const timespec now{};
+    if (!was_pending_) Uninterrupted([&] { return sigtimedwait(&pipe_, nullptr, &now); });
+    pthread_sigmask(SIG_SETMASK, &old_, nullptr);
+  }
+  BrokenPipeGuard(const BrokenPipeGuard&) = delete;
+  BrokenPipeGuard& operator=(const BrokenPipeGuard&) = delete;
+
+ private:
+  sigset_t pipe_;
+  sigset_t old_;
+  bool was_pending_ = false;
+  bool blocked_ = false;
+};
+
+bool WriteAll(FileHandle handle, const void* bytes, std::uint32_t size) noexcept {
+  std::uint32_t done = 0;
+  while (done < size) {
+    const ssize_t n =
+        Uninterrupted([&] { return write(handle, static_cast<const char*>(bytes) + done, size - done); });
+    if (n <= 0) return false;
+    done += static_cast<std::uint32_t>(n);
+  }
+  return true;
+}
+
+bool HasPosition(FileHandle handle) noexcept { return lseek(handle, 0, SEEK_CUR) >= 0; }
 
 }  // namespace
 
@@ -43,7 +94,7 @@ FileHandle OpenFileForRead(WideView name) noexcept { return Open(name, O_RDONLY,
 FileHandle OpenFileForWrite(WideView name) noexcept {
   const FileHandle file = Open(name, O_WRONLY | O_CREAT, LOCK_EX);
   // Emptied only once the lock is held; what cannot be emptied (a pipe) starts empty.
-  if (file != kNoFile && ftruncate(file, 0) != 0 && errno != EINVAL) {
+  if (file != kNoFile && Uninterrupted([&] { return ftruncate(file, 0); }) != 0 && errno != EINVAL) {
     close(file);
     return kNoFile;
   }
@@ -55,9 +106,9 @@ void CloseFile(FileHandle handle) noexcept { close(handle); }
 bool ReadFromFile(FileHandle handle, void* bytes, std::uint32_t size, std::uint32_t* count) noexcept {
   *count = 0;
   while (*count < size) {
-    const ssize_t n = read(handle, static_cast<char*>(bytes) + *count, size - *count);
+    const ssize_t n =
+        Uninterrupted([&] { return read(handle, static_cast<char*>(bytes) + *count, size - *count); });
     if (n == 0) return true;
-    if (n < 0 && errno == EINTR) continue;
     if (n < 0) return false;
     *count += static_cast<std::uint32_t>(n);
   }
@@ -65,19 +116,15 @@ bool ReadFromFile(FileHandle handle, void* bytes, std::uint32_t size, std::uint3
 }
 
 bool WriteToFile(FileHandle handle, const void* bytes, std::uint32_t size) noexcept {
-  std::uint32_t done = 0;
-  while (done < size) {
-    const ssize_t n = write(handle, static_cast<const char*>(bytes) + done, size - done);
-    if (n < 0 && errno == EINTR) continue;
-    if (n <= 0) return false;
-    done += static_cast<std::uint32_t>(n);
-  }
-  return true;
+  if (HasPosition(handle)) return WriteAll(handle, bytes, size);
+  const BrokenPipeGuard guard;
+  return WriteAll(handle, bytes, size);
 }
 
 std::optional<std::uint64_t> BytesToEnd(FileHandle handle) noexcept {
   struct stat status {};
   if (fstat(handle, &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
+  if (status.st_size == 0) return std::nullopt;  // as files that the system makes up while they are read
   const off_t position = lseek(handle, 0, SEEK_CUR);
   if (position < 0) return std::nullopt;
   return status.st_size > position ? static_cast<std::uint64_t>(status.st_size - position) : 0;

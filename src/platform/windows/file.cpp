@@ -2,8 +2,6 @@
 // travels as a LONG and is sign-extended back.
 #include "platform/file.h"
 
-#include <new>
-
 #include "platform/text.h"
 
 namespace halyard {
@@ -19,8 +17,8 @@ FileHandle Open(WideView name, DWORD access, DWORD share, DWORD disposition) noe
   try {
     return FromSystem(CreateFileA(NarrowToZero(name).c_str(), access, share, nullptr, disposition,
                                   FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
-  } catch (const std::bad_alloc&) {
-    return kNoFile;
+  } catch (...) {
+    return kNoFile;  // no memory for the name
   }
 }
 
@@ -35,10 +33,16 @@ FileHandle OpenFileForWrite(WideView name) noexcept { return Open(name, GENERIC_
 void CloseFile(FileHandle handle) noexcept { CloseHandle(ToSystem(handle)); }
 
 bool ReadFromFile(FileHandle handle, void* bytes, std::uint32_t size, std::uint32_t* count) noexcept {
-  DWORD read = 0;
-  const bool done = ReadFile(ToSystem(handle), bytes, size, &read, nullptr) != FALSE;
-  *count = read;
-  return done;
+  *count = 0;
+  // A file gives all at once, a pipe what happens to be in it.
+  while (*count < size) {
+    DWORD read = 0;
+    if (!ReadFile(ToSystem(handle), static_cast<char*>(bytes) + *count, size - *count, &read, nullptr))
+      return false;
+    if (read == 0) return true;
+    *count += read;
+  }
+  return true;
 }
 
 bool WriteToFile(FileHandle handle, const void* bytes, std::uint32_t size) noexcept {
