@@ -9,8 +9,12 @@ namespace {
 constexpr double kFirstDay = -657434.0;
 constexpr double kEndDay = 2958466.0;
 
-constexpr int kLastYearOfThisCentury = 29;
+constexpr int kLastYearOfThisCentury = 49;
 constexpr int kSaturday = 6;  // 30 December 1899 was one
+
+// Added to the fraction of a day before it is cut into seconds: what was half a second
+// when a program computed it must not fall short of it in binary.
+constexpr double kFractionMargin = 1e-11;
 
 // Days from 1 March of the year 0 to 30 December 1899, in a calendar whose years start
 // in March, so that the leap day is the last of its year.
@@ -32,6 +36,13 @@ void SplitDay(std::int64_t day_number, CalendarTime* time) noexcept {
   time->day = static_cast<int>(of_year - DaysBeforeMarchMonth(march_month) + 1);
   time->month = static_cast<int>(march_month < 10 ? march_month + 3 : march_month - 9);
   time->year = static_cast<int>(year + era * 400 + (time->month <= 2 ? 1 : 0));
+}
+
+int SecondOfDay(double fraction) noexcept {
+  if (fraction + kFractionMargin < 1.0) fraction += kFractionMargin;
+  const double seconds = fraction * kSecondsPerDay;
+  const double whole = std::floor(seconds);
+  return static_cast<int>(whole) + (seconds - whole > 0.5 ? 1 : 0);
 }
 
 }  // namespace
@@ -67,7 +78,7 @@ bool SplitDate(DATE date, CalendarTime* time) noexcept {
   if (!IsDate(date)) return false;
   const double whole = std::trunc(date);
   std::int64_t day = static_cast<std::int64_t>(whole);
-  int seconds = static_cast<int>(std::floor(std::fabs(date - whole) * kSecondsPerDay + 0.5));
+  int seconds = SecondOfDay(std::fabs(date - whole));
   if (seconds == kSecondsPerDay) {
     seconds = 0;
     ++day;
@@ -80,9 +91,17 @@ bool SplitDate(DATE date, CalendarTime* time) noexcept {
 }
 
 DATE JoinDate(const CalendarTime& time) noexcept {
-  const auto days = static_cast<double>(DayNumber(time.year, time.month, time.day));
-  const double fraction = (time.hour * 3600 + time.minute * 60 + time.second) / double{kSecondsPerDay};
-  return days < 0 ? days - fraction : days + fraction;
+  const std::int64_t seconds = (std::int64_t{time.hour} * 60 + time.minute) * 60 + time.second;
+  const std::int64_t rolled_days = FloorDivide(seconds, kSecondsPerDay);
+  const auto of_day = static_cast<double>(seconds - rolled_days * kSecondsPerDay);
+  DATE date = static_cast<double>(DayNumber(time.year, time.month, time.day) + rolled_days);
+  // Before the epoch the fraction counts away from zero. Each part is rounded into the
+  // sum for itself.
+  const double sign = date < 0 ? -1.0 : 1.0;
+  date += sign * std::floor(of_day / 3600) / 24;
+  date += sign * std::fmod(std::floor(of_day / 60), 60) / (24 * 60);
+  date += sign * std::fmod(of_day, 60) / kSecondsPerDay;
+  return date;
 }
 
 }  // namespace halyard

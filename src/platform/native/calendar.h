@@ -33,17 +33,18 @@ std::int64_t DayNumber(int year, int month, int day) noexcept;
 // 0 is Sunday.
 int DayOfWeek(std::int64_t day_number) noexcept;
 
-// The two-digit years of this century end at 29; from 30 on they are of the last one.
+// The two-digit years of this century end at 49; from 50 on they are of the last one.
 int FullYear(int two_digit_year) noexcept;
 
 // True where the date lies in the years 100 to 9999 and is no NaN.
 bool IsDate(DATE date) noexcept;
 
-// Splits a date, rounded to the second. False outside the years 100 to 9999.
+// Splits a date, rounded to the second. False outside the years 100 to 9999, into which
+// the rounding must not lead either.
 bool SplitDate(DATE date, CalendarTime* time) noexcept;
 
-// The date of a calendar time whose parts are in their ranges. Before the epoch the
-// fraction counts away from zero.
+// The date of a calendar time. Parts outside their ranges, negative ones too, roll over
+// into the neighbouring hours, days, months and years.
 DATE JoinDate(const CalendarTime& time) noexcept;
 
 }  // namespace halyard

@@ -3,6 +3,7 @@
 #include "platform/native/exact_digits.h"
 #include "platform/native/format_date.h"
 #include "platform/native/format_number.h"
+#include "platform/native/text_cursor.h"
 #include "platform/native/visit.h"
 
 namespace halyard {
@@ -22,23 +23,14 @@ HRESULT DateText(DATE days, BSTR* value) noexcept {
   return NewText(text.view(), value);
 }
 
-// Whole numbers, currency and decimals: all their digits.
+// Whole numbers, booleans, currency and decimals: all their digits, but no zeros behind.
 HRESULT ExactText(const Scalar& source, BSTR* value) noexcept {
   DecimalDigits digits;
   const HRESULT hr = ExactDigits(source, &digits);
   if (FAILED(hr)) return hr;
+  digits.TrimZeros();
+  if (digits.count() == 0) digits = DecimalDigits();
   return NewText(FormatPlain(digits).view(), value);
-}
-
-// True where the text is the word, in letters of any case.
-bool IsWord(WideView text, std::string_view word) noexcept {
-  if (text.size() != word.size()) return false;
-  for (std::size_t i = 0; i < word.size(); ++i) {
-    const OLECHAR c = text[i];
-    const OLECHAR lower = c >= u'A' && c <= u'Z' ? static_cast<OLECHAR>(c - u'A' + u'a') : c;
-    if (lower != static_cast<OLECHAR>(word[i])) return false;
-  }
-  return true;
 }
 
 }  // namespace
@@ -49,7 +41,6 @@ HRESULT ToText(const Scalar& source, BSTR* value) noexcept {
                         [&](float number) { return NewText(FormatReal(number).view(), value); },
                         [&](double number) { return NewText(FormatReal(number).view(), value); },
                         [&](Moment moment) { return DateText(moment.days, value); },
-                        [&](Flag flag) { return NewText(flag.is_true ? "True" : "False", value); },
                         [&](const auto&) { return ExactText(source, value); },
                     },
                     source);
@@ -57,8 +48,8 @@ HRESULT ToText(const Scalar& source, BSTR* value) noexcept {
 
 HRESULT ToBool(const Scalar& source, VARIANT_BOOL* value) noexcept {
   if (const WideView* text = std::get_if<WideView>(&source)) {
-    const bool is_true = IsWord(*text, "true") || IsWord(*text, "#true#");
-    if (is_true || IsWord(*text, "false") || IsWord(*text, "#false#")) {
+    const bool is_true = IsWord(*text, "true") || *text == u"#TRUE#";
+    if (is_true || IsWord(*text, "false") || *text == u"#FALSE#") {
       *value = is_true ? VARIANT_TRUE : VARIANT_FALSE;
       return S_OK;
     }

@@ -3,13 +3,25 @@
 
 #include "platform/native/calendar.h"
 
+namespace {
+
+constexpr WORD kMaxMonth = 12;
+constexpr WORD kMaxDay = 31;
+
+// Larger words are negative numbers.
+int Signed(WORD part) noexcept { return static_cast<SHORT>(part); }
+
+}  // namespace
+
 INT SystemTimeToVariantTime(SYSTEMTIME* time, DOUBLE* date) {
   if (time == nullptr || date == nullptr) return 0;
+  if (time->wMonth > kMaxMonth || time->wDay > kMaxDay || Signed(time->wYear) < 0) return 0;
   const int year = time->wYear < 100 ? halyard::FullYear(time->wYear) : time->wYear;
-  if (year > halyard::kLastYear || time->wMonth < 1 || time->wMonth > 12) return 0;
-  if (time->wDay < 1 || time->wDay > 31) return 0;
-  if (time->wHour > 23 || time->wMinute > 59 || time->wSecond > 59) return 0;
-  *date = halyard::JoinDate({year, time->wMonth, time->wDay, time->wHour, time->wMinute, time->wSecond});
+  if (year > halyard::kLastYear) return 0;
+  const DATE joined = halyard::JoinDate(
+      {year, time->wMonth, time->wDay, Signed(time->wHour), Signed(time->wMinute), Signed(time->wSecond)});
+  if (!halyard::IsDate(joined)) return 0;
+  *date = joined;
   return 1;
 }
 

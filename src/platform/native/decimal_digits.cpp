@@ -19,7 +19,7 @@ DecimalDigits Round(Real value, int significant) noexcept {
   result.negative = value < 0;
   if (value == 0) return result;
   // "-d.ddde-xxx"
-  char text[64];
+  char text[DecimalDigits::kCapacity + 16];
   const auto [end, error] =
       std::to_chars(text, text + sizeof(text), value, std::chars_format::scientific, significant - 1);
   const char* exponent_mark = std::find(text, end, 'e');
@@ -35,7 +35,7 @@ DecimalDigits Round(Real value, int significant) noexcept {
 
 template <class Real>
 Real Nearest(const DecimalDigits& number) noexcept {
-  if (number.count() == 0) return 0;
+  if (number.count() == 0) return number.negative ? -Real{0} : Real{0};
   // ".DDDDe-xxxxxx"
   std::array<char, DecimalDigits::kCapacity + 16> text;
   char* end = text.data();

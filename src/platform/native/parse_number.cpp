@@ -1,150 +1,126 @@
 #include "platform/native/parse_number.h"
 
+#include "platform/native/text_cursor.h"
+
 namespace halyard {
 namespace {
 
-constexpr bool IsDigit(OLECHAR c) noexcept { return c >= u'0' && c <= u'9'; }
-constexpr bool IsBlank(OLECHAR c) noexcept { return c == u' ' || (c >= u'\t' && c <= u'\r'); }
-
-constexpr int kMaxExponent = 1000;
+// No number of digits in a text makes up for larger exponents.
+constexpr int kMaxExponent = 1'000'000'000;
 
 class NumberParser {
  public:
   NumberParser(WideView text, ParsedNumber* number) noexcept : text_(text), number_(*number) {}
 
   HRESULT Run() noexcept {
-    Before();
-    if (Next() == u'&') return Bits();
-    if (!Digits()) return DISP_E_TYPEMISMATCH;
-    const HRESULT hr = Exponent();
+    while (TakeBefore()) {
+    }
+    const HRESULT hr = text_.Take(u'&') ? Bits() : Decimal();
     if (FAILED(hr)) return hr;
-    Behind();
-    if (at_ != text_.size() || open_) return DISP_E_TYPEMISMATCH;
-    number_.digits.negative = negative_;
+    while (TakeBehind()) {
+    }
+    if (!text_.AtEnd() || (opened_ && !closed_)) return DISP_E_TYPEMISMATCH;
+    number_.digits.negative = minus_ || trailing_minus_ || opened_;
     return S_OK;
   }
 
  private:
-  [[nodiscard]] OLECHAR Next() const noexcept { return at_ < text_.size() ? text_[at_] : u'\0'; }
-
-  bool Take(bool possible) noexcept {
-    if (possible) ++at_;
-    return possible;
+  bool TakeBlank() noexcept {
+    if (!IsBlank(text_.Next())) return false;
+    text_.Skip();
+    return true;
   }
 
-  bool TakeSign() noexcept {
-    if (signed_ || (Next() != u'-' && Next() != u'+')) return false;
-    signed_ = true;
-    negative_ = Next() == u'-';
-    return Take(true);
+  // A character of which there may be one.
+  bool TakeOnce(OLECHAR c, bool* seen) noexcept {
+    if (*seen || !text_.Take(c)) return false;
+    *seen = true;
+    return true;
   }
 
-  bool TakeCurrency() noexcept {
-    if (currency_ || Next() != u'$') return false;
-    currency_ = true;
-    return Take(true);
+  bool TakeBefore() noexcept {
+    return TakeBlank() || TakeOnce(u'+', &plus_) || TakeOnce(u'-', &minus_) || TakeOnce(u'(', &opened_) ||
+           TakeOnce(u'$', &currency_);
   }
 
-  bool TakeOpening() noexcept {
-    if (signed_ || Next() != u'(') return false;
-    signed_ = open_ = negative_ = true;
-    return Take(true);
+  // Behind the digits everything may be repeated, but a sign not repeat one in front.
+  bool TakeBehind() noexcept {
+    if (!minus_ && text_.Take(u'-')) return trailing_minus_ = true;
+    if (opened_ && text_.Take(u')')) return closed_ = true;
+    return TakeBlank() || (!plus_ && text_.Take(u'+')) || text_.Take(u'$');
   }
 
-  bool TakeClosing() noexcept {
-    if (!open_ || Next() != u')') return false;
-    open_ = false;
-    return Take(true);
-  }
-
-  void Before() noexcept {
-    while (Take(IsBlank(Next())) || TakeSign() || TakeCurrency() || TakeOpening()) {
-    }
-  }
-
-  void Behind() noexcept {
-    while (Take(IsBlank(Next())) || TakeSign() || TakeCurrency() || TakeClosing()) {
-    }
-  }
-
-  bool Digits() noexcept {
+  HRESULT Decimal() noexcept {
     bool any = false;
-    for (; IsDigit(Next()) || (any && Next() == u','); ++at_) {
-      if (Next() == u',') continue;
-      any = true;
-      AppendWhole(static_cast<char>(Next()));
+    bool fraction = false;
+    for (;; text_.Skip()) {
+      const OLECHAR c = text_.Next();
+      if (IsDigit(c)) {
+        any = true;
+        Append(static_cast<char>(c), fraction);
+      } else if (c == u'.' && !fraction) {
+        fraction = true;
+      } else if (c != u',' || !any) {
+        break;
+      }
     }
-    if (Next() != u'.') return any;
-    for (++at_; IsDigit(Next()); ++at_) {
-      any = true;
-      AppendFraction(static_cast<char>(Next()));
-    }
-    return any;
+    if (!any) return DISP_E_TYPEMISMATCH;
+    return ToLower(text_.Next()) == u'e' ? Exponent() : S_OK;
   }
 
-  void AppendWhole(char digit) noexcept {
-    if (number_.digits.count() == 0 && digit == '0') return;
-    number_.digits.Append(digit);
-    ++number_.digits.point;
-  }
-
-  void AppendFraction(char digit) noexcept {
-    if (number_.digits.count() == 0 && digit == '0') {
-      --number_.digits.point;
-    } else {
-      number_.digits.Append(digit);
+  // Zeros in front are no digits of the value.
+  void Append(char digit, bool fraction) noexcept {
+    DecimalDigits& digits = number_.digits;
+    if (digits.count() == 0 && digit == '0') {
+      if (fraction) --digits.point;
+      return;
     }
+    digits.Append(digit);
+    if (!fraction) ++digits.point;
   }
 
   HRESULT Exponent() noexcept {
-    if (Next() != u'e' && Next() != u'E') return S_OK;
-    ++at_;
-    const bool negative = Next() == u'-';
-    Take(negative || Next() == u'+');
-    if (!IsDigit(Next())) return DISP_E_TYPEMISMATCH;
+    text_.Skip();
+    const bool negative = text_.Take(u'-');
+    if (!negative) text_.Take(u'+');
+    if (!IsDigit(text_.Next())) return DISP_E_TYPEMISMATCH;
     int exponent = 0;
-    for (; IsDigit(Next()); ++at_) {
-      exponent = exponent * 10 + (Next() - u'0');
-      if (exponent > kMaxExponent) exponent = kMaxExponent;
+    for (; IsDigit(text_.Next()); text_.Skip()) {
+      if (exponent < kMaxExponent / 10) exponent = exponent * 10 + (text_.Next() - u'0');
     }
     number_.digits.point += negative ? -exponent : exponent;
     return S_OK;
   }
 
   HRESULT Bits() noexcept {
-    ++at_;
-    const OLECHAR form = Next();
-    const bool hex = form == u'H' || form == u'h';
-    if (!hex && form != u'O' && form != u'o') return DISP_E_TYPEMISMATCH;
-    ++at_;
+    const OLECHAR form = ToLower(text_.Next());
+    if (form != u'h' && form != u'o') return DISP_E_TYPEMISMATCH;
+    text_.Skip();
+    const int shift = form == u'h' ? 4 : 3;
     number_.is_bits = true;
-    const int shift = hex ? 4 : 3;
-    bool any = false;
-    for (int digit = BitDigit(hex); digit >= 0; digit = BitDigit(hex)) {
+    if (BitDigit(shift) < 0) return DISP_E_TYPEMISMATCH;
+    for (int digit = BitDigit(shift); digit >= 0; digit = BitDigit(shift)) {
       if (number_.bits >> (64 - shift) != 0) return DISP_E_OVERFLOW;
       number_.bits = number_.bits << shift | static_cast<unsigned>(digit);
-      any = true;
-      ++at_;
+      text_.Skip();
     }
-    Behind();
-    return any && at_ == text_.size() ? S_OK : DISP_E_TYPEMISMATCH;
+    return S_OK;
   }
 
-  [[nodiscard]] int BitDigit(bool hex) const noexcept {
-    const OLECHAR c = Next();
-    if (c >= u'0' && c <= (hex ? u'9' : u'7')) return c - u'0';
-    if (!hex) return -1;
-    if (c >= u'A' && c <= u'F') return c - u'A' + 10;
-    if (c >= u'a' && c <= u'f') return c - u'a' + 10;
-    return -1;
+  // The value of the next digit of `shift` bits; negative where there is none.
+  [[nodiscard]] int BitDigit(int shift) const noexcept {
+    const OLECHAR c = ToLower(text_.Next());
+    const int digit = IsDigit(c) ? c - u'0' : c >= u'a' && c <= u'f' ? c - u'a' + 10 : -1;
+    return digit < 1 << shift ? digit : -1;
   }
 
-  WideView text_;
+  TextCursor text_;
   ParsedNumber& number_;
-  std::size_t at_ = 0;
-  bool signed_ = false;
-  bool negative_ = false;
-  bool open_ = false;
+  bool plus_ = false;
+  bool minus_ = false;
+  bool trailing_minus_ = false;
+  bool opened_ = false;
+  bool closed_ = false;
   bool currency_ = false;
 };
 

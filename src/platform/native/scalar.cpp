@@ -1,22 +1,26 @@
 #include "platform/native/scalar.h"
 
-#include "platform/native/integer_type.h"
 #include "platform/native/variant_type.h"
 
 namespace halyard {
 namespace {
 
-Scalar ReadInteger(const VARIANT& source, const IntegerType& type) noexcept {
-  const std::uint64_t bits = LoadBits(source, type);
-  if (!type.is_signed) return bits;
-  return static_cast<std::int64_t>(bits);
+WideView ReadText(BSTR text) noexcept {
+  const WideView whole(text, SysStringLen(text));
+  return whole.substr(0, whole.find(u'\0'));
+}
+
+HRESULT ReadDecimal(const DECIMAL& value, Scalar* scalar) noexcept {
+  if (value.scale > kMaxDecimalScale) return E_INVALIDARG;
+  *scalar = value;
+  return S_OK;
 }
 
 }  // namespace
 
 HRESULT ReadScalar(const VARIANT& source, Scalar* scalar) noexcept {
   if (const IntegerType* type = FindIntegerType(source.vt)) {
-    *scalar = ReadInteger(source, *type);
+    *scalar = Integer{LoadBits(source, *type), type};
     return S_OK;
   }
   switch (source.vt) {
@@ -36,13 +40,12 @@ HRESULT ReadScalar(const VARIANT& source, Scalar* scalar) noexcept {
       *scalar = Moment{source.date};
       return S_OK;
     case VT_DECIMAL:
-      *scalar = DecimalIn(source);
-      return S_OK;
+      return ReadDecimal(DecimalIn(source), scalar);
     case VT_BOOL:
-      *scalar = Flag{source.boolVal != VARIANT_FALSE};
+      *scalar = Flag{source.boolVal};
       return S_OK;
     case VT_BSTR:
-      *scalar = WideView(source.bstrVal, SysStringLen(source.bstrVal));
+      *scalar = ReadText(source.bstrVal);
       return S_OK;
     default:
       return DISP_E_TYPEMISMATCH;

@@ -12,14 +12,19 @@ using halyard::BaseType;
 using halyard::IsArray;
 using halyard::IsByRef;
 
-// This library makes neither arrays nor records, so it cannot own one.
-bool IsForeign(VARTYPE type) noexcept {
-  return !IsByRef(type) && (IsArray(type) || BaseType(type) == VT_RECORD);
+// This library makes neither arrays nor records, so only a variant without one can be
+// cleared or copied.
+bool IsForeign(const VARIANT& variant) noexcept {
+  if (IsByRef(variant.vt)) return false;
+  if (IsArray(variant.vt)) return variant.parray != nullptr;
+  return variant.vt == VT_RECORD &&
+         (variant.record.pvRecord != nullptr || variant.record.pRecInfo != nullptr);
 }
 
-// Gives the variant, a plain copy of another, its own share of what that one owns.
+// Gives the variant, a plain copy of another, its own share of what that one owns. The
+// copy of a null text is an empty one.
 HRESULT OwnContents(VARIANT& variant) noexcept {
-  if (variant.vt == VT_BSTR && variant.bstrVal != nullptr) {
+  if (variant.vt == VT_BSTR) {
     const UINT bytes = SysStringByteLen(variant.bstrVal);
     variant.bstrVal = SysAllocStringByteLen(reinterpret_cast<const char*>(variant.bstrVal), bytes);
     if (variant.bstrVal == nullptr) return E_OUTOFMEMORY;
@@ -66,7 +71,7 @@ HRESULT VariantClear(VARIANTARG* variant) {
   if (variant == nullptr) return E_INVALIDARG;
   const HRESULT hr = halyard::CheckType(variant->vt);
   if (FAILED(hr)) return hr;
-  if (IsForeign(variant->vt)) return DISP_E_BADVARTYPE;
+  if (IsForeign(*variant)) return DISP_E_BADVARTYPE;
   const VARIANT old = *variant;
   variant->vt = VT_EMPTY;
   if (old.vt == VT_BSTR) {
@@ -81,7 +86,7 @@ HRESULT VariantCopy(VARIANTARG* destination, const VARIANTARG* source) {
   if (destination == nullptr || source == nullptr) return E_INVALIDARG;
   const HRESULT hr = halyard::CheckType(source->vt);
   if (FAILED(hr)) return hr;
-  if (IsForeign(source->vt)) return DISP_E_BADVARTYPE;
+  if (IsForeign(*source)) return DISP_E_BADVARTYPE;
   if (destination == source) return S_OK;
   return Replace(destination, *source);
 }

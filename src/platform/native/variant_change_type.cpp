@@ -7,37 +7,52 @@
 namespace halyard {
 namespace {
 
-// The value of an object is its default member.
-HRESULT ReadDefaultMember(IDispatch* object, VARIANT* value) {
-  if (object == nullptr) return DISP_E_TYPEMISMATCH;
-  DISPPARAMS none{};
-  const HRESULT hr = object->Invoke(DISPID_VALUE, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none,
-                                    value, nullptr, nullptr);
-  return FAILED(hr) ? DISP_E_TYPEMISMATCH : S_OK;
+// Objects may name objects as their value; more of them in a row than this are a circle.
+constexpr int kMaxObjects = 64;
+
+bool IsObject(VARTYPE type) noexcept { return type == VT_DISPATCH || type == VT_UNKNOWN; }
+
+HRESULT ConvertToObject(const VARIANT& source, VARTYPE type, VARIANT* result) {
+  void* object = nullptr;
+  if (source.punkVal != nullptr) {
+    const IID& iid = type == VT_DISPATCH ? IID_IDispatch : IID_IUnknown;
+    if (FAILED(source.punkVal->QueryInterface(iid, &object))) return E_NOINTERFACE;
+  }
+  result->vt = type;
+  result->punkVal = static_cast<IUnknown*>(object);
+  return S_OK;
 }
 
-HRESULT ConvertObject(const VARIANT& source, VARTYPE type, VARIANT* result) {
-  if (type == VT_DISPATCH || type == VT_UNKNOWN) {
-    if (source.punkVal == nullptr) {
-      result->vt = type;
-      result->punkVal = nullptr;
-      return S_OK;
-    }
-    const IID& iid = type == VT_DISPATCH ? IID_IDispatch : IID_IUnknown;
-    void* object = nullptr;
-    if (FAILED(source.punkVal->QueryInterface(iid, &object))) return E_NOINTERFACE;
-    result->vt = type;
-    result->punkVal = static_cast<IUnknown*>(object);
-    return S_OK;
+// Replaces an object in `value` by what its default member answers.
+HRESULT ReadDefaultMember(VARIANT* value) {
+  if (value->pdispVal == nullptr) return DISP_E_BADVARTYPE;
+  DISPPARAMS none{};
+  VARIANT member;
+  VariantInit(&member);
+  const HRESULT hr = value->pdispVal->Invoke(DISPID_VALUE, IID_NULL, LOCALE_USER_DEFAULT,
+                                             DISPATCH_PROPERTYGET, &none, &member, nullptr, nullptr);
+  if (FAILED(hr)) {
+    VariantClear(&member);
+    return DISP_E_TYPEMISMATCH;
   }
-  if (source.vt != VT_DISPATCH) return DISP_E_TYPEMISMATCH;
-  VARIANT value;
-  VariantInit(&value);
-  HRESULT hr = ReadDefaultMember(source.pdispVal, &value);
-  if (SUCCEEDED(hr))
-    hr = value.vt == VT_DISPATCH ? DISP_E_TYPEMISMATCH : VariantChangeType(result, &value, 0, type);
-  VariantClear(&value);
-  return hr;
+  const HRESULT copied = VariantCopyInd(value, &member);
+  VariantClear(&member);
+  return copied;
+}
+
+// Puts a value that is no object in the place of an object.
+HRESULT ReadDefaultMembers(VARIANT* value) {
+  for (int objects = 0; value->vt == VT_DISPATCH; ++objects) {
+    if (objects == kMaxObjects) return DISP_E_TYPEMISMATCH;
+    const HRESULT hr = ReadDefaultMember(value);
+    if (FAILED(hr)) return hr;
+  }
+  return S_OK;
+}
+
+// Types that values are converted to; VT_ERROR and the objects are not among them.
+bool IsConvertible(VARTYPE type) noexcept {
+  return ScalarBytes(type) != 0 && type != VT_ERROR && !IsObject(type);
 }
 
 template <class T>
@@ -56,8 +71,6 @@ HRESULT ConvertScalar(const Scalar& source, VARTYPE type, VARIANT* result) noexc
     return hr;
   }
   switch (type) {
-    case VT_EMPTY:
-      return S_OK;
     case VT_R4: {
       float value = 0;
       const HRESULT hr = ToFloat(source, &value);
@@ -99,14 +112,26 @@ HRESULT ConvertScalar(const Scalar& source, VARTYPE type, VARIANT* result) noexc
   }
 }
 
-// Converts a variant without VT_BYREF into an empty one.
-HRESULT Convert(const VARIANT& source, VARTYPE type, VARIANT* result) {
-  if (source.vt == type) return VariantCopy(result, &source);
-  if (source.vt == VT_DISPATCH || source.vt == VT_UNKNOWN) return ConvertObject(source, type, result);
-  Scalar scalar;
-  const HRESULT hr = ReadScalar(source, &scalar);
+// Every value can be forgotten, except a status, and VT_NULL only for VT_NULL.
+HRESULT Forget(VARTYPE source, VARTYPE type, VARIANT* result) noexcept {
+  if (source == VT_ERROR || (source == VT_NULL && type == VT_EMPTY)) return DISP_E_TYPEMISMATCH;
+  result->vt = type;
+  return S_OK;
+}
+
+// Converts a variant without VT_BYREF, which may change, into an empty one.
+HRESULT Convert(VARIANT* source, VARTYPE type, VARIANT* result) {
+  if (source->vt == type) return VariantCopy(result, source);
+  if (IsArray(source->vt)) return DISP_E_TYPEMISMATCH;
+  if (type == VT_EMPTY || type == VT_NULL) return Forget(source->vt, type, result);
+  if (IsObject(source->vt) && IsObject(type)) return ConvertToObject(*source, type, result);
+  if (!IsConvertible(type)) return DISP_E_TYPEMISMATCH;
+  HRESULT hr = ReadDefaultMembers(source);
   if (FAILED(hr)) return hr;
-  return ConvertScalar(scalar, type, result);
+  if (source->vt == type) return VariantCopy(result, source);
+  Scalar scalar;
+  hr = ReadScalar(*source, &scalar);
+  return FAILED(hr) ? hr : ConvertScalar(scalar, type, result);
 }
 
 }  // namespace
@@ -124,7 +149,7 @@ HRESULT VariantChangeType(VARIANTARG* destination, const VARIANTARG* source, USH
   VariantInit(&value);
   VariantInit(&result);
   hr = VariantCopyInd(&value, source);
-  if (SUCCEEDED(hr)) hr = halyard::Convert(value, vt, &result);
+  if (SUCCEEDED(hr)) hr = halyard::Convert(&value, vt, &result);
   VariantClear(&value);
   if (SUCCEEDED(hr)) hr = VariantClear(destination);
   if (FAILED(hr)) {

@@ -5,9 +5,8 @@
 namespace halyard {
 namespace {
 
-constexpr VARTYPE kUnassigned = 15;       // no type was ever given this number
-constexpr VARTYPE kFirstNonValue = 24;    // void, pointers and user types: descriptions only
-constexpr VARTYPE kClassIdentifier = 72;  // the one property type that a variant may carry
+constexpr VARTYPE kUnassigned = 15;     // no type was ever given this number
+constexpr VARTYPE kFirstNonValue = 24;  // void, pointers and user types: descriptions only
 constexpr VARTYPE kVectorOrReserved = 0x9000;
 
 }  // namespace
@@ -48,7 +47,7 @@ std::size_t ScalarBytes(VARTYPE type) noexcept {
 HRESULT CheckType(VARTYPE type) noexcept {
   const VARTYPE base = BaseType(type);
   if ((type & kVectorOrReserved) != 0 || base == kUnassigned) return DISP_E_BADVARTYPE;
-  if (base >= kFirstNonValue && base != VT_RECORD && base != kClassIdentifier) return DISP_E_BADVARTYPE;
+  if (base >= kFirstNonValue && base != VT_RECORD) return DISP_E_BADVARTYPE;
   if (base <= VT_NULL && (IsByRef(type) || IsArray(type))) return DISP_E_BADVARTYPE;
   return S_OK;
 }

@@ -18,6 +18,9 @@ std::size_t ScalarBytes(VARTYPE type) noexcept;
 // S_OK for tags that a variant can carry, DISP_E_BADVARTYPE for all others.
 HRESULT CheckType(VARTYPE type) noexcept;
 
+// The largest count of decimal places that a decimal may have.
+inline constexpr BYTE kMaxDecimalScale = 28;
+
 // The decimal of a VT_DECIMAL variant, which lies over the variant's tag.
 DECIMAL DecimalIn(const VARIANT& variant) noexcept;
 

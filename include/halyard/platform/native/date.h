@@ -14,8 +14,11 @@ struct SYSTEMTIME {
   WORD wMilliseconds;
 };
 
-// Turns a calendar time into a date. False, with `*date` unchanged, where the time
-// is none (a month 13, say); milliseconds are not part of the date.
+// Turns a calendar time into a date. A day, hour, minute or second beyond its month,
+// day, hour or minute rolls over into the next one (30 February is 2 March), month 0 and
+// day 0 into the one before; years below 50 are of this century, other years below 100
+// of the last one. False, with `*date` unchanged, for months above 12, days above 31 and
+// results outside the years 100 to 9999. Milliseconds are not part of the date.
 INT SystemTimeToVariantTime(SYSTEMTIME* time, DOUBLE* date);
 
 // Splits a date, rounded to the second, into a calendar time. False for dates outside
