@@ -55,58 +55,49 @@ bool IsConvertible(VARTYPE type) noexcept {
   return ScalarBytes(type) != 0 && type != VT_ERROR && !IsObject(type);
 }
 
+// Converts to the kind of one member of the variant.
 template <class T>
-HRESULT Store(HRESULT hr, VARTYPE type, T VARIANT::*member, const T& value, VARIANT* result) noexcept {
+HRESULT Put(HRESULT (*convert)(const Scalar&, T*) noexcept, const Scalar& source, VARTYPE type,
+            T VARIANT::*member, VARIANT* result) noexcept {
+  T value{};
+  const HRESULT hr = convert(source, &value);
   if (FAILED(hr)) return hr;
   result->vt = type;
   result->*member = value;
   return hr;
 }
 
+HRESULT PutInteger(const Scalar& source, const IntegerType& type, VARIANT* result) noexcept {
+  std::uint64_t bits = 0;
+  const HRESULT hr = ToInteger(source, type, &bits);
+  if (SUCCEEDED(hr)) StoreBits(*result, type, bits);
+  return hr;
+}
+
+HRESULT PutDecimal(const Scalar& source, VARIANT* result) noexcept {
+  DECIMAL value{};
+  const HRESULT hr = ToDecimal(source, &value);
+  if (SUCCEEDED(hr)) StoreDecimal(*result, value);
+  return hr;
+}
+
 HRESULT ConvertScalar(const Scalar& source, VARTYPE type, VARIANT* result) noexcept {
-  if (const IntegerType* integer = FindIntegerType(type)) {
-    std::uint64_t bits = 0;
-    const HRESULT hr = ToInteger(source, *integer, &bits);
-    if (SUCCEEDED(hr)) StoreBits(*result, *integer, bits);
-    return hr;
-  }
+  if (const IntegerType* integer = FindIntegerType(type)) return PutInteger(source, *integer, result);
   switch (type) {
-    case VT_R4: {
-      float value = 0;
-      const HRESULT hr = ToFloat(source, &value);
-      return Store(hr, type, &VARIANT::fltVal, value, result);
-    }
-    case VT_R8: {
-      double value = 0;
-      const HRESULT hr = ToDouble(source, &value);
-      return Store(hr, type, &VARIANT::dblVal, value, result);
-    }
-    case VT_DATE: {
-      DATE value = 0;
-      const HRESULT hr = ToDate(source, &value);
-      return Store(hr, type, &VARIANT::date, value, result);
-    }
-    case VT_CY: {
-      CY value{};
-      const HRESULT hr = ToCurrency(source, &value);
-      return Store(hr, type, &VARIANT::cyVal, value, result);
-    }
-    case VT_BOOL: {
-      VARIANT_BOOL value = VARIANT_FALSE;
-      const HRESULT hr = ToBool(source, &value);
-      return Store(hr, type, &VARIANT::boolVal, value, result);
-    }
-    case VT_BSTR: {
-      BSTR value = nullptr;
-      const HRESULT hr = ToText(source, &value);
-      return Store(hr, type, &VARIANT::bstrVal, value, result);
-    }
-    case VT_DECIMAL: {
-      DECIMAL value{};
-      const HRESULT hr = ToDecimal(source, &value);
-      if (SUCCEEDED(hr)) StoreDecimal(*result, value);
-      return hr;
-    }
+    case VT_R4:
+      return Put(ToFloat, source, type, &VARIANT::fltVal, result);
+    case VT_R8:
+      return Put(ToDouble, source, type, &VARIANT::dblVal, result);
+    case VT_DATE:
+      return Put(ToDate, source, type, &VARIANT::date, result);
+    case VT_CY:
+      return Put(ToCurrency, source, type, &VARIANT::cyVal, result);
+    case VT_BOOL:
+      return Put(ToBool, source, type, &VARIANT::boolVal, result);
+    case VT_BSTR:
+      return Put(ToText, source, type, &VARIANT::bstrVal, result);
+    case VT_DECIMAL:
+      return PutDecimal(source, result);
     default:
       return DISP_E_TYPEMISMATCH;
   }

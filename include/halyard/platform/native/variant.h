@@ -128,17 +128,22 @@ static_assert(sizeof(DECIMAL) == 16, "the layout of the automation decimal");
 void VariantInit(VARIANTARG* variant);
 
 // Frees what the variant owns and makes it empty. DISP_E_BADVARTYPE for a type that
-// no variant can have; the variant is then left alone.
+// no variant can have and for arrays and records, which are not made here; the variant
+// is then left alone. E_INVALIDARG for null, as for all functions below.
 HRESULT VariantClear(VARIANTARG* variant);
 
-// Clears `destination` and gives it a copy of its own of `source`. By-reference
-// variants stay by reference.
+// Clears `destination` and gives it a copy of its own of `source`; a null text becomes
+// an empty one. By-reference variants stay by reference. E_OUTOFMEMORY leaves the
+// destination unchanged.
 HRESULT VariantCopy(VARIANTARG* destination, const VARIANTARG* source);
 
 // As VariantCopy, but a by-reference source gives the value that it points at.
+// E_INVALIDARG for references to nothing, to arrays and to references to variants.
 HRESULT VariantCopyInd(VARIANT* destination, const VARIANTARG* source);
 
 // Converts `source` to the type `vt`; destination and source may be the same variant.
+// By-reference sources are followed, objects give the value of their default member, a
+// boolean becomes the text "-1" or "0", `flags` are not looked at.
 // DISP_E_TYPEMISMATCH where no conversion exists or a text does not parse,
 // DISP_E_OVERFLOW where the value does not fit, DISP_E_BADVARTYPE for an impossible
 // type. The destination is unchanged on failure.
