@@ -4,13 +4,17 @@
 # Packages for each kit, and the programs by which a system without dpkg is judged.
 declare -A kit_packages=(
   [native]="g++ cmake ninja-build pkg-config libgtest-dev tzdata"
-  [windows-build]="cmake ninja-build googletest g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools"
+  [windows-build]="cmake ninja-build googletest g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libwine libwine-dev"
+  [windows-run]="wine wine64 xvfb xauth"
+  [package]="zip"
   [clang]="clang libclang-rt-14-dev"
   [format]="clang-format git"
 )
 declare -A kit_programs=(
   [native]="g++ cmake ninja pkg-config"
   [windows-build]="cmake ninja x86_64-w64-mingw32-g++-posix i686-w64-mingw32-g++-posix x86_64-w64-mingw32-widl"
+  [windows-run]="wine wineserver xvfb-run"
+  [package]="zip"
   [clang]="clang++"
   [format]="clang-format git"
 )

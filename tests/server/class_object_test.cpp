@@ -14,11 +14,15 @@ constexpr IID kUnknownInterface = {0x12345678, 0x1234, 0x1234, {1, 2, 3, 4, 5, 6
 constexpr const OLECHAR* kDeclaredOnly[] = {L"{165A2855-5FDA-4B1E-909C-C54CFFB9CAD6}",
                                             L"{5BFAC742-AC9E-4811-8C23-13F17FCB39FC}"};
 
-class ClassObjects : public testing::Test {
+// Registered, because the array factory activates the definitions that it prepares.
+class ClassObjects : public RegisteredComponent {
  protected:
-  void TearDown() override { EXPECT_EQ(component_.CanUnloadNow(), S_OK); }
+  void TearDown() override {
+    EXPECT_EQ(component_.CanUnloadNow(), S_OK);
+    RegisteredComponent::TearDown();
+  }
 
-  Component component_;
+  const Component& component_ = component();
 };
 
 TEST_F(ClassObjects, ExistForEveryRowOfTheObjectMap) {

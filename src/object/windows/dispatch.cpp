@@ -38,6 +38,9 @@ HRESULT CallOperation(const DispatchTarget& target, const InterfaceInformation& 
                       const Call& call) {
   const Operation* operation = information.Find(call.id, call.flags);
   if (operation == nullptr) return DISP_E_MEMBERNOTFOUND;
+  // Surplus arguments of a get go to the default member of what it answers.
+  const bool takes_surplus = operation->kind == INVOKE_PROPERTYGET;
+  if (call.params.cArgs > operation->outputs.size() && !takes_surplus) return DISP_E_BADPARAMCOUNT;
   InvokeArguments arguments(call.params, *operation);
   // An error object of an earlier call must not describe a failure of this one.
   SetErrorInfo(0, nullptr);

@@ -1,0 +1,28 @@
+# Windows programs under Wine, in a prefix of their own below build/ that is made anew for
+# a test run and never shared with the person's own.
+
+wine_prefix="$PWD/build/wine"
+
+# Runs a command with that prefix, without a display: message boxes have nowhere to appear.
+in_wine() {
+  env -u DISPLAY -u WAYLAND_DISPLAY WINEPREFIX="$wine_prefix" WINEDEBUG=-all \
+    WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe=" "$@"
+}
+
+# Makes the prefix anew.
+new_wine_prefix() {
+  end_wine
+  rm -rf "$wine_prefix"
+  mkdir -p "$(dirname "$wine_prefix")"
+  logged wine-prefix in_wine timeout 300 wineboot --init && in_wine wineserver --wait
+}
+
+# Ends every program in the prefix.
+end_wine() {
+  [[ -d "$wine_prefix" ]] || return 0
+  in_wine wineserver --kill || true
+  in_wine wineserver --wait || true
+}
+
+# The Windows name of a path of this machine.
+windows_path() { printf 'Z:%s' "$(realpath -m "$1" | tr / '\\')"; }

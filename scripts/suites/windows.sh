@@ -1,0 +1,51 @@
+# The suites of Windows. Both builds of the component are made; the 64-bit one is
+# registered in a Wine prefix of its own and used there by compiled programs and scripts.
+# Its registration, files and message boxes have suites of their own. Wine runs 64-bit
+# programs only, so the 32-bit build is looked at but not run.
+
+windows_programs=build/win64/tests
+
+registered_suites() {
+  if ! logged register in_wine timeout 60 wine regsvr32 /s "$(windows_path build/win64/halyard.dll)"; then
+    complain "the component cannot be registered"
+    broken_suite "win64 registration"
+    return
+  fi
+  gtest_suite "win64 conformance" in_wine wine "$windows_programs/halyard_conformance_tests.exe"
+  counting_suite "win64 scripts" in_wine tests/scripts/run.sh
+  if build_preset native halyard_exchange; then
+    counting_suite "files of both platforms" in_wine tests/exchange/run.sh \
+      build/native/tests/exchange/halyard_exchange "$windows_programs/exchange/halyard_exchange.exe"
+  else
+    broken_suite "files of both platforms"
+  fi
+  logged unregister in_wine timeout 60 wine regsvr32 /s /u "$(windows_path build/win64/halyard.dll)" ||
+    broken_suite "win64 unregistration"
+}
+
+server_suites() {
+  local dlls=("HALYARD_DLL=$(windows_path build/win64/halyard.dll)"
+    "HALYARD_DLL_X86=$(windows_path build/win32/halyard.dll)")
+  gtest_suite "win64 server" in_wine env "${dlls[@]}" wine "$windows_programs/server/halyard_server_tests.exe"
+  grep -aE '(exports|imports|size):|lock count' "$(result_file "win64 server" log)" | tr -d '\r' | sed 's/^/    /'
+  gtest_suite "win64 messages without a display" in_wine env "${dlls[@]}" \
+    wine "$windows_programs/server/halyard_message_tests.exe" --gtest_filter='*WithoutADisplay*'
+  # Programs of one session share its display, or the lack of it.
+  end_wine
+  gtest_suite "win64 messages on a display" in_wine env "${dlls[@]}" xvfb-run --auto-servernum \
+    wine "$windows_programs/server/halyard_message_tests.exe" --gtest_filter='*OnADisplay*'
+  end_wine
+}
+
+need windows-run
+if build_preset win32 halyard && build_preset win64; then
+  step "make a Wine prefix"
+  if new_wine_prefix; then
+    registered_suites
+    server_suites
+  else
+    broken_suite "Wine prefix"
+  fi
+else
+  broken_suite "windows build"
+fi
