@@ -3,9 +3,10 @@
 
 wine_prefix="$PWD/build/wine"
 
-# Runs a command with that prefix, without a display: message boxes have nowhere to appear.
+# Runs a command with that prefix, without a display (message boxes have nowhere to appear)
+# and in the language of the code page that files are written in.
 in_wine() {
-  env -u DISPLAY -u WAYLAND_DISPLAY WINEPREFIX="$wine_prefix" WINEDEBUG=-all \
+  env -u DISPLAY -u WAYLAND_DISPLAY LC_ALL=C.UTF-8 WINEPREFIX="$wine_prefix" WINEDEBUG=-all \
     WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe=" "$@"
 }
 

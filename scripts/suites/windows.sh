@@ -4,6 +4,7 @@
 # programs only, so the 32-bit build is looked at but not run.
 
 windows_programs=build/win64/tests
+windows_targets=(halyard halyard_conformance_tests halyard_server_tests halyard_message_tests halyard_exchange)
 
 registered_suites() {
   if ! logged register in_wine timeout 60 wine regsvr32 /s "$(windows_path build/win64/halyard.dll)"; then
@@ -38,7 +39,7 @@ server_suites() {
 }
 
 need windows-run
-if build_preset win32 halyard && build_preset win64; then
+if build_preset win32 halyard && build_preset win64 "${windows_targets[@]}"; then
   step "make a Wine prefix"
   if new_wine_prefix; then
     registered_suites
