@@ -32,7 +32,7 @@ HRESULT Module::GetClassObject(REFCLSID clsid, REFIID iid, void** result) {
   const CriticalSectionHold hold(section_);
   const auto entry = std::find_if(object_map_.begin(), object_map_.end(),
                                   [&](const ObjectMapEntry& e) { return e.row->clsid == clsid; });
-  if (entry == object_map_.end() || entry->row->create == nullptr) return CLASS_E_CLASSNOTAVAILABLE;
+  if (entry == object_map_.end()) return CLASS_E_CLASSNOTAVAILABLE;
   if (!entry->factory) entry->factory = Ptr<ClassFactory>(new ClassFactory(*entry->row));
   return entry->factory->QueryInterface(iid, result);
 }

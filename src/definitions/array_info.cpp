@@ -146,8 +146,9 @@ bool ArrayInfo::Decode(ReadCursor& cursor) {
   if (level.TooDeep() || !identity_.Decode(cursor) || !cursor.Take(count)) return false;
   layout_.element_count = count;
   if (!cursor.Take(type) || !cursor.Take(size)) return false;
-  layout_.value_type = DefinitionForReading(type, std::move(layout_.value_type));
-  return DecodeDefinition(*ElementDefinition(), cursor);
+  Ptr<IValueDefBase> definition = DefinitionForReading(type, layout_.value_type);
+  layout_.value_type = definition;
+  return DecodeDefinition(*Require(definition, "the type of the elements has no definition class"), cursor);
 }
 
 bool ArrayInfo::Encode(WriteCursor& cursor) const {

@@ -8,7 +8,7 @@ const ClassRow* FindClass(REFCLSID clsid) noexcept {
   const std::span<const ClassRow> table = ClassTable();
   const auto row =
       std::find_if(table.begin(), table.end(), [&](const ClassRow& r) { return r.clsid == clsid; });
-  return row == table.end() || row->create == nullptr ? nullptr : &*row;
+  return row == table.end() ? nullptr : &*row;
 }
 
 Ptr<IUnknown> Construct(REFCLSID clsid) {

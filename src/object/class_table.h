@@ -21,14 +21,13 @@ struct ClassRow {
   // The number of the class's registry script in the server's resources.
   int registry_script;
 
-  // Makes an object, plain or aggregated (see CreateInstance). Null for a class that is
-  // listed but not built in.
+  // Makes an object, plain or aggregated (see CreateInstance).
   HRESULT (*create)(IUnknown* outer, REFIID iid, void** result) noexcept;
 };
 
 std::span<const ClassRow> ClassTable() noexcept;
 
-// The row of a class that can be made; null for any other identifier.
+// The row of a class of this library; null for any other identifier.
 const ClassRow* FindClass(REFCLSID clsid) noexcept;
 
 // Makes an object of a class of this library directly, whatever is registered. Raises

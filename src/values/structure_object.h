@@ -80,7 +80,7 @@ class StructureObject : public ValueObject<T, Interfaces..., IElementaryMemory> 
   template <class Byte>
   ElementaryField<Byte> FieldAt(LONG position) {
     const MemberLayout* member = type_.layout().At(position);
-    if (member == nullptr || block_.Field(*member).empty()) return {};
+    if (member == nullptr || !block_.Holds(*member)) return {};
     return {block_.Field(*member).data(), static_cast<SHORT>(member->type)};
   }
 };

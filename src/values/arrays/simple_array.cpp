@@ -58,7 +58,8 @@ HRESULT SimpleArray::Copy(IValueBase** ppCopy) {
     copy->SetElementType(element_type());
     copy->Reset(count_);
     if (block_.Stored() != nullptr && copy->block_.size() != 0)
-      std::memcpy(copy->block_.Writable(), block_.Stored(), static_cast<std::size_t>(copy->block_.size()));
+      std::memcpy(copy->block_.WritableInFull(), block_.Stored(),
+                  static_cast<std::size_t>(copy->block_.size()));
     HandOut(ppCopy, Ptr<IValueBase>(copy));
   });
 }
@@ -86,7 +87,7 @@ bool SimpleArray::Decode(ReadCursor& cursor) {
   // The count is kept even where the elements are not there.
   Reset(count);
   if (block_.size() > cursor.room()) return false;
-  return cursor.TakeBytes(block_.Writable(), static_cast<std::size_t>(block_.size()));
+  return cursor.TakeBytes(block_.WritableInFull(), static_cast<std::size_t>(block_.size()));
 }
 
 bool SimpleArray::Encode(WriteCursor& cursor) const {

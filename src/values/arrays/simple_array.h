@@ -23,6 +23,7 @@ class SimpleArray : public SimpleArrayObject<SimpleArray, ISimpleArray> {
   [[nodiscard]] ULONG ElementCount() const noexcept { return count_; }
   [[nodiscard]] const unsigned char* Stored() const noexcept { return block_.Stored(); }
   [[nodiscard]] unsigned char* Writable() { return block_.Writable(); }
+  [[nodiscard]] unsigned char* WritableInFull() { return block_.WritableInFull(); }
   [[nodiscard]] unsigned char* Address() { return block_.Writable(); }
 
  private:

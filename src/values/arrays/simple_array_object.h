@@ -5,6 +5,8 @@
 //   ULONG ElementCount() const             the elements in use
 //   const unsigned char* Stored() const    their bytes; null while all of them are zeros
 //   unsigned char* Writable()              their bytes, with memory behind them
+//   unsigned char* WritableInFull()        the same, to store all of them
+//   unsigned char* Address()               where they lie, for the client
 #pragma once
 
 #include <cstdint>
@@ -63,7 +65,7 @@ class SimpleArrayObject : public NumericArray<T, Interfaces..., IElementaryMemor
     const ULONG count = Elements().ElementCount();
     if (count == 0 || width_ == 0) return;
     if (column.direction() == Direction::kRead) {
-      column.ReadRun({Elements().Writable(), element_type_}, width_, count);
+      column.ReadRun({Elements().WritableInFull(), element_type_}, width_, count);
     } else if (const unsigned char* stored = Elements().Stored()) {
       column.BuildRun({stored, element_type_}, width_, count);
     } else {

@@ -27,6 +27,7 @@ class SimpleFixedArray : public SimpleArrayObject<SimpleFixedArray, ISimpleFixed
   // These raise E_POINTER for the elements of a shell over null memory.
   [[nodiscard]] const unsigned char* Stored() const;
   [[nodiscard]] unsigned char* Writable();
+  [[nodiscard]] unsigned char* WritableInFull() { return Writable(); }
 
   [[nodiscard]] unsigned char* Address() { return shell_ ? external_ : block_.Writable(); }
 

@@ -9,6 +9,9 @@
 namespace halyard {
 namespace {
 
+// The most memory, in bytes, that a block takes although it was only announced.
+constexpr std::uint64_t kLargestOnPromise = std::uint64_t{16} << 20;
+
 // The bytes to ask the system for, which may be more than this machine can count.
 std::size_t AllocationSize(std::uint64_t size) {
   if (size > std::numeric_limits<std::size_t>::max() / 2 - kWidestElementary) throw std::bad_alloc();
@@ -38,6 +41,11 @@ void ZeroBlock::Resize(std::uint64_t size) {
 }
 
 unsigned char* ZeroBlock::Writable() {
+  if (!memory_ && size_ > kLargestOnPromise) throw std::bad_alloc();
+  return WritableInFull();
+}
+
+unsigned char* ZeroBlock::WritableInFull() {
   if (!memory_ && size_ != 0) {
     memory_.reset(static_cast<unsigned char*>(std::calloc(AllocationSize(size_), 1)));
     if (!memory_) throw std::bad_alloc();

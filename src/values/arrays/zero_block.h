@@ -2,8 +2,9 @@
 //
 // A block that was announced but never written reads as zeros, whatever its size: a
 // count in a broken encoding, or a definition of many large arrays, costs nothing until
-// bytes arrive. Behind the bytes lie spare ones, because an Int64 is stored in 8 bytes
-// although it counts 4.
+// bytes arrive. A few of them do not bring memory for thousands of millions: to store
+// single bytes in a large block that was only announced fails. Behind the bytes lie
+// spare ones, because an Int64 is stored in 8 bytes although it counts 4.
 #pragma once
 
 #include <cstdint>
@@ -30,8 +31,11 @@ class ZeroBlock {
   [[nodiscard]] const unsigned char* Stored() const noexcept { return memory_.get(); }
 
   // The bytes, with memory behind them from now on; null for an empty block. Throws
-  // std::bad_alloc.
+  // std::bad_alloc, also for a block of more than 16 MiB that was only announced.
   [[nodiscard]] unsigned char* Writable();
+
+  // The same for a caller who is about to store all of the bytes, however many.
+  [[nodiscard]] unsigned char* WritableInFull();
 
  private:
   struct Free {
