@@ -12,6 +12,7 @@ namespace halyard {
 namespace {
 
 constexpr ULONG kLengthBytes = 2;
+constexpr ULONG kLargestTextBuffer = 0x7FFFFFFF + kLengthBytes;
 
 // The value as text: itself if it is one, else converted.
 Variant AsText(const Variant& value) { return Variant::Converted(value.get(), VT_BSTR); }
@@ -93,7 +94,11 @@ HRESULT SimpleValue::get_PacketSize(ULONG* pdwSize) {
 
 HRESULT SimpleValue::ReadFromBuffer(unsigned char* pBuffer, ULONG dwBufferSize, ULONG* pdwBytesRead,
                                     VARIANT_BOOL* pbResult) {
-  if (type_ == kString) return ValueObject::ReadFromBuffer(pBuffer, dwBufferSize, pdwBytesRead, pbResult);
+  if (type_ == kString) {
+    // The room behind the length is a signed number here: more than that is none.
+    const ULONG size = dwBufferSize > kLargestTextBuffer ? 0 : dwBufferSize;
+    return ValueObject::ReadFromBuffer(pBuffer, size, pdwBytesRead, pbResult);
+  }
   return Call("ReadFromBuffer", [&] {
     ULONG& count = Out(pdwBytesRead);
     Out(pbResult) = VARIANT_FALSE;

@@ -10,11 +10,12 @@ namespace {
 constexpr std::uint8_t kPresent = 0;
 constexpr std::uint8_t kNull = 1;
 
+// A new object for a member; empty where the definition made none.
 Ptr<IValueBase> NewMember(const MemberLayout& member) {
   const Ptr<IValueDefBase> definition = Require(member.definition, "a member has no definition");
   Ptr<IValueBase> object;
   Check(definition->CreateDataObject(object.Out()), definition);
-  return Require(object, "a member's definition made no value");
+  return object;
 }
 
 }  // namespace
@@ -121,7 +122,7 @@ void Structure::PutObjectMember(const MemberLayout& member, const VARIANT& value
     *slot = Ptr<IDispatch>(value.pdispVal).As<IValueBase>();
   } else {
     if (!*slot) *slot = NewMember(member);
-    const Ptr<IValueBase> object = *slot;
+    const Ptr<IValueBase> object = Require(*slot, "a member's definition made no value");
     Check(object->put_Value(value), object);
   }
 }
