@@ -7,7 +7,8 @@
 //
 // Encoding: id (2 bytes), name and caption (length 2, narrow text each), element count
 // (2, the low 16 bits), element type (2), element size (2, the low 16 bits), then the
-// element definition's own encoding. This class's buffer calls check no pointers.
+// element definition's own encoding. Of the pointers, this class's buffer calls need the
+// result only; a null buffer is an empty one.
 #pragma once
 
 #include "halyard/definitions/value_def_base.h"

@@ -3,8 +3,14 @@
 //
 // Member paths: "Depth" is the member Depth of each element, "Position.X" a member of a
 // nested structure, "Samples[3]" an element of a nested array; the empty path is the
-// element itself. Number types are Char, Byte, Short, Word, Long, DWord, ShortReal and
-// Real, given by name (letter case ignored) or code.
+// element itself. "X[Y,Z]" and, where X is not wanted, "[Y,Z]" select several members of
+// one structure, whose numbers follow one another for each element. An index of the
+// array itself in front ("[3].Depth") is checked, but every element is visited all the
+// same. A path has at most 510 characters.
+//
+// Number types are Char, Byte, Short, Word, Long, DWord, ShortReal and Real, given by
+// name (letter case ignored) or code; Char members are signed here. With other number
+// types, and for members of other types, nothing is moved and the result is true.
 #pragma once
 
 #include "halyard/values/value_base.h"
@@ -18,8 +24,10 @@ struct IArray : IValueBase {
   // Writes the number that the path selects in each element into pBuffer, in element
   // order, little-endian and without gaps, converted as C++ converts numbers (reals are
   // cut toward zero). False when the path is not understood; its fault is shown as a
-  // message. The caller's buffer must hold elements x number width bytes: its size is
-  // not known here and not checked.
+  // message. The caller's buffer must hold elements x selected members x number width
+  // bytes: its size is not known here and not checked. E_POINTER for an empty slot or a
+  // null member on the way, E_INVALIDARG for an element that a nested array lacks or
+  // that is of another type than the definition says.
   virtual HRESULT STDMETHODCALLTYPE BuildNumericArray(BSTR szMemberString, VARIANT vtNumberType,
                                                       unsigned char* pBuffer, VARIANT_BOOL* pbResult) = 0;
 
