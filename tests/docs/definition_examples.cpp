@@ -9,6 +9,8 @@
 namespace halyard::test {
 namespace {
 
+using namespace samples;
+
 // A definition writes the example, and a fresh one of its class that reads the example
 // takes all of it and writes it again.
 template <class Definition>

@@ -9,6 +9,8 @@
 namespace halyard::test {
 namespace {
 
+using namespace samples;
+
 Ptr<IOrmFile> OpenedForWrite(const TempFile& place) {
   const auto file = CreateObject<IOrmFile>(kOrmFileClass);
   VARIANT_BOOL done = VARIANT_FALSE;

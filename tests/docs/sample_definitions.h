@@ -5,7 +5,7 @@
 #include "tests/support/composites.h"
 #include "tests/support/definitions.h"
 
-namespace halyard::test {
+namespace halyard::test::samples {
 
 // Station, id 3: Depth (Long), Label (String, may be null), Salt (ShortReal).
 inline Ptr<IStructureDef> StationDefinition() {
@@ -48,4 +48,4 @@ inline Ptr<IArray> Texts() {
   return texts;
 }
 
-}  // namespace halyard::test
+}  // namespace halyard::test::samples

@@ -9,6 +9,8 @@
 namespace halyard::test {
 namespace {
 
+using namespace samples;
+
 // The encoding of a value, which may need less room than it asks for.
 template <class Value>
 std::string EncodingOf(const Ptr<Value>& value) {
