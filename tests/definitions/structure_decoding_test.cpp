@@ -175,7 +175,7 @@ TEST(StructureDecoding, TypesWithoutAClassOfTheirOwnAreReadAsSimple) {
 }
 
 TEST(StructureDecoding, UnknownMemberTypeShowsAMessageAndFails) {
-  for (const char* code : {"12 00", "14 00", "63 00", "FF 7F"}) {
+  for (const char* code : {"12 00", "14 00", "63 00", "FF 7F", "00 80", "FF FF"}) {
     MessageRecorder messages;
     const auto structure = NewStructure();
     ULONG count = kUntouched;

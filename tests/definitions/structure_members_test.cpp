@@ -3,6 +3,7 @@
 
 #include <limits>
 
+#include "halyard/definitions/array_def.h"
 #include "tests/support/definitions.h"
 #include "tests/support/foreign_definition.h"
 #include "tests/support/foreign_value.h"
@@ -125,6 +126,29 @@ TEST(StructureInfo, SizedMembersTakeTheirSizeOnlyWhereThereIsAField) {
   for (const auto& row : kRows) {
     const auto structure = StructureDefinition({{OLESTR("m"), row.type, row.wish}});
     EXPECT_EQ(Get(MemberAt(structure, I4(0)), &IValueDefBase::get_DataSize), row.size);
+  }
+}
+
+TEST(StructureInfo, AddSimpleArrayMemberMakesAnArrayDefinition) {
+  constexpr struct {
+    SHORT type;
+    LONG count;
+    ULONG size;
+  } kRows[] = {{kLong, 10, 40}, {kLong, 0, 0}, {kString, 3, 0}, {kDate, 2, 16}, {kInvalid, 4, 0}};
+  for (const auto& row : kRows) {
+    const auto structure = NewStructure();
+    EXPECT_EQ(Result<VARIANT_BOOL>([&](auto* out) {
+                return structure->AddSimpleArrayMember(Bstr(OLESTR("m")).get(), row.type, row.count, out);
+              }),
+              VARIANT_TRUE);
+    EXPECT_EQ(Names(structure), "m;");
+    const auto array = MemberAt(structure, I4(0)).As<IArrayDef>();
+    ASSERT_TRUE(array) << row.type;
+    EXPECT_EQ(Get(array, &IArrayDef::get_DataType), row.type);
+    EXPECT_EQ(Get(array, &IArrayDef::get_ElementCount), row.count);
+    EXPECT_EQ(Get(array, &IValueDefBase::get_Id), 0);
+    EXPECT_EQ(CanBeNull(structure, I4(0)), VARIANT_FALSE);
+    EXPECT_EQ(Calculate(structure), row.size) << row.type;
   }
 }
 

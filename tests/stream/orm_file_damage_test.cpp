@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/handles.h"
+#include "tests/support/memory.h"
 #include "tests/support/raised.h"
 #include "tests/support/streams.h"
 
@@ -107,24 +108,29 @@ TEST(OrmFileDamage, EveryReadingCallMeetsACutRecord) {
 }
 
 TEST(OrmFileDamage, LengthThatTheFileCannotHoldIsTheEnd) {
+  const MemoryLimit limit;
   for (const unsigned length : {11u, 64000u, 64001u, 0x7FFFFFFFu, 0x80000000u, 0xFFFFFFFCu, 0xFFFFFFFFu}) {
     const Opened file(Join({LittleEndian(length, 4), Hex("66 00 08 00 00 00 05 00 00 00")}));
     EXPECT_FALSE(ReadUnit(*file)) << length;
     EXPECT_FALSE(ReadUnit(*file)) << length;
     EXPECT_TRUE(ReadDataFails(*file)) << length;
   }
+  EXPECT_TRUE(limit.Kept());
 }
 
 TEST(OrmFileDamage, LengthThatAPipeDoesNotDeliverIsTheEnd) {
-  const Pipe pipe = OpenPipe();
-  const auto writer = NewFile();
-  const auto reader = NewFile();
-  EXPECT_TRUE(AttachForWrite(writer, pipe.write));
-  EXPECT_TRUE(AttachForRead(reader, pipe.read));
-  EXPECT_TRUE(WriteData(writer, SimpleValue(kLong).get()));
-  EXPECT_TRUE(ReadUnit(reader));
-  EXPECT_EQ(writer->Close(), S_OK);
-  EXPECT_FALSE(ReadUnit(reader));
+  const MemoryLimit limit;
+  for (const unsigned length : {11u, 64001u, 0x7FFFFFFFu, 0xFFFFFFFFu}) {
+    const Pipe pipe = OpenPipe();
+    WriteHandle(pipe.write,
+                Join({FileHeader(), LittleEndian(length, 4), Hex("66 00 08 00 00 00 05 00 00 00")}));
+    CloseHandleValue(pipe.write);
+    const auto reader = NewFile();
+    EXPECT_TRUE(AttachForRead(reader, pipe.read)) << length;
+    EXPECT_FALSE(ReadUnit(reader)) << length;
+    EXPECT_FALSE(ReadUnit(reader)) << length;
+  }
+  EXPECT_TRUE(limit.Kept());
 }
 
 TEST(OrmFileDamage, BytesBehindAUnitAreSkipped) {

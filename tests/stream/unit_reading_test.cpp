@@ -186,7 +186,7 @@ TEST(UnitReading, InfoUnitsOfElementaryTypesAreSimpleDefinitions) {
 }
 
 TEST(UnitReading, InfoUnitOfAnUnknownTypeShowsAMessageAndFails) {
-  for (const char* type : {"12 00", "14 00", "FF 7F"}) {
+  for (const char* type : {"12 00", "14 00", "FF 7F", "00 80", "FF FF"}) {
     MessageRecorder messages;
     const auto unit = UnitWith(NewSession());
     EXPECT_TRUE(Raises(E_POINTER, [&] { return Read(unit, std::string("65 00 ") + type + " 00 00"); }))

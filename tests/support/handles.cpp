@@ -1,5 +1,7 @@
 #include "tests/support/handles.h"
 
+#include <gtest/gtest.h>
+
 #ifdef _WIN32
 
 namespace halyard::test {
@@ -30,6 +32,12 @@ Pipe OpenPipe() {
   HANDLE write = INVALID_HANDLE_VALUE;
   CreatePipe(&read, &write, nullptr, 0);
   return {ValueOf(read), ValueOf(write)};
+}
+
+void WriteHandle(LONG handle, const Bytes& bytes) {
+  DWORD written = 0;
+  EXPECT_TRUE(WriteFile(HandleOf(handle), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr));
+  EXPECT_EQ(written, bytes.size());
 }
 
 bool IsOpen(LONG handle) {
@@ -63,6 +71,10 @@ Pipe OpenPipe() {
   int ends[2] = {kNoHandle, kNoHandle};
   if (pipe(ends) != 0) return {kNoHandle, kNoHandle};
   return {ends[0], ends[1]};
+}
+
+void WriteHandle(LONG handle, const Bytes& bytes) {
+  EXPECT_EQ(write(handle, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
 }
 
 bool IsOpen(LONG handle) { return fcntl(handle, F_GETFD) != -1; }

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "halyard/platform/automation.h"
+#include "tests/support/bytes.h"
 
 namespace halyard::test {
 
@@ -23,6 +24,9 @@ struct Pipe {
   LONG write;
 };
 Pipe OpenPipe();
+
+// Writes all of the bytes, which must fit what the handle takes at once.
+void WriteHandle(LONG handle, const Bytes& bytes);
 
 bool IsOpen(LONG handle);
 void CloseHandleValue(LONG handle);
