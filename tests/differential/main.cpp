@@ -1,0 +1,58 @@
+// halyard_differential [FIRST_SEED [COUNT]]: makes random programs over the public
+// interfaces, runs them and prints what every call answered. Built for both platforms;
+// the same seeds must print the same text (run.sh compares).
+#include <cstdio>
+#include <cstdlib>
+
+#include "tests/differential/world.h"
+#include "tests/support/com_apartment.h"
+#include "tests/support/message_recorder.h"
+
+namespace halyard::differential {
+namespace {
+
+constexpr std::uint64_t kDefaultCount = 3000;
+constexpr int kSteps = 40;
+
+void Step(World& world) {
+  using Kind = void (*)(World&);
+  constexpr Kind kKinds[] = {DefinitionStep, DefinitionStep, DefinitionStep, ValueStep, ValueStep,
+                             ValueStep,      ValueStep,      TransferStep,   StreamStep};
+  world.random.Of(kKinds)(world);
+}
+
+// Lets go of definitions that may hold one another.
+void TakeApart(const Ptr<IValueDefBase>& definition) {
+  if (const auto structure = definition.As<IStructureDef>()) static_cast<void>(structure->RemoveAll());
+  if (const auto array = definition.As<IArrayDef>()) static_cast<void>(array->put_ValueType(nullptr));
+}
+
+std::string Run(std::uint64_t seed) {
+  World world(seed);
+  world.text = "program " + std::to_string(seed) + "\n";
+  const test::MessageRecorder messages;
+  std::string shown;
+  for (int step = 0; step < kSteps; ++step) {
+    Step(world);
+    const std::string all = messages.Shown();
+    if (all.size() > shown.size()) world.Tell("message", all.substr(shown.size()));
+    shown = all;
+  }
+  for (const auto& definition : world.definitions) TakeApart(definition);
+  return world.text;
+}
+
+}  // namespace
+}  // namespace halyard::differential
+
+int main(int argc, char** argv) {
+  using namespace halyard;
+  const std::uint64_t first = argc > 1 ? std::strtoull(argv[1], nullptr, 10) : 1;
+  const std::uint64_t count = argc > 2 ? std::strtoull(argv[2], nullptr, 10) : differential::kDefaultCount;
+  const test::ComApartment apartment;
+  for (std::uint64_t seed = first; seed < first + count; ++seed) {
+    const std::string text = differential::Run(seed);
+    std::fwrite(text.data(), 1, text.size(), stdout);
+  }
+  return 0;
+}

@@ -1,0 +1,110 @@
+// What each of the eight number types becomes in each of the others: three numbers a
+// row, as they lie in memory. Whole numbers wrap around and extend their sign, reals are
+// cut toward zero, whole numbers in reals are rounded where the real is too short.
+#pragma once
+
+#include "halyard/types/type_codes.h"
+
+namespace halyard::test {
+
+struct ConversionRow {
+  SHORT from;
+  SHORT to;
+  const char* name;
+  const char* from_bytes;
+  const char* to_bytes;
+};
+
+inline constexpr ConversionRow kConversions[] = {
+    {kChar, kChar, "CharToChar", "FF 64 80", "FF 64 80"},
+    {kChar, kByte, "CharToByte", "FF 64 80", "FF 64 80"},
+    {kChar, kShort, "CharToShort", "FF 64 80", "FF FF 64 00 80 FF"},
+    {kChar, kWord, "CharToWord", "FF 64 80", "FF FF 64 00 80 FF"},
+    {kChar, kLong, "CharToLong", "FF 64 80", "FF FF FF FF 64 00 00 00 80 FF FF FF"},
+    {kChar, kDWord, "CharToDWord", "FF 64 80", "FF FF FF FF 64 00 00 00 80 FF FF FF"},
+    {kChar, kShortReal, "CharToShortReal", "FF 64 80", "00 00 80 BF 00 00 C8 42 00 00 00 C3"},
+    {kChar, kReal, "CharToReal", "FF 64 80",
+     "00 00 00 00 00 00 F0 BF 00 00 00 00 00 00 59 40 00 00 00 00 00 00 60 C0"},
+    {kByte, kChar, "ByteToChar", "FF 64 80", "FF 64 80"},
+    {kByte, kByte, "ByteToByte", "FF 64 80", "FF 64 80"},
+    {kByte, kShort, "ByteToShort", "FF 64 80", "FF 00 64 00 80 00"},
+    {kByte, kWord, "ByteToWord", "FF 64 80", "FF 00 64 00 80 00"},
+    {kByte, kLong, "ByteToLong", "FF 64 80", "FF 00 00 00 64 00 00 00 80 00 00 00"},
+    {kByte, kDWord, "ByteToDWord", "FF 64 80", "FF 00 00 00 64 00 00 00 80 00 00 00"},
+    {kByte, kShortReal, "ByteToShortReal", "FF 64 80", "00 00 7F 43 00 00 C8 42 00 00 00 43"},
+    {kByte, kReal, "ByteToReal", "FF 64 80",
+     "00 00 00 00 00 E0 6F 40 00 00 00 00 00 00 59 40 00 00 00 00 00 00 60 40"},
+    {kShort, kChar, "ShortToChar", "FF FF 2C 01 00 80", "FF 2C 00"},
+    {kShort, kByte, "ShortToByte", "FF FF 2C 01 00 80", "FF 2C 00"},
+    {kShort, kShort, "ShortToShort", "FF FF 2C 01 00 80", "FF FF 2C 01 00 80"},
+    {kShort, kWord, "ShortToWord", "FF FF 2C 01 00 80", "FF FF 2C 01 00 80"},
+    {kShort, kLong, "ShortToLong", "FF FF 2C 01 00 80", "FF FF FF FF 2C 01 00 00 00 80 FF FF"},
+    {kShort, kDWord, "ShortToDWord", "FF FF 2C 01 00 80", "FF FF FF FF 2C 01 00 00 00 80 FF FF"},
+    {kShort, kShortReal, "ShortToShortReal", "FF FF 2C 01 00 80", "00 00 80 BF 00 00 96 43 00 00 00 C7"},
+    {kShort, kReal, "ShortToReal", "FF FF 2C 01 00 80",
+     "00 00 00 00 00 00 F0 BF 00 00 00 00 00 C0 72 40 00 00 00 00 00 00 E0 C0"},
+    {kWord, kChar, "WordToChar", "FF FF 2C 01 00 80", "FF 2C 00"},
+    {kWord, kByte, "WordToByte", "FF FF 2C 01 00 80", "FF 2C 00"},
+    {kWord, kShort, "WordToShort", "FF FF 2C 01 00 80", "FF FF 2C 01 00 80"},
+    {kWord, kWord, "WordToWord", "FF FF 2C 01 00 80", "FF FF 2C 01 00 80"},
+    {kWord, kLong, "WordToLong", "FF FF 2C 01 00 80", "FF FF 00 00 2C 01 00 00 00 80 00 00"},
+    {kWord, kDWord, "WordToDWord", "FF FF 2C 01 00 80", "FF FF 00 00 2C 01 00 00 00 80 00 00"},
+    {kWord, kShortReal, "WordToShortReal", "FF FF 2C 01 00 80", "00 FF 7F 47 00 00 96 43 00 00 00 47"},
+    {kWord, kReal, "WordToReal", "FF FF 2C 01 00 80",
+     "00 00 00 00 E0 FF EF 40 00 00 00 00 00 C0 72 40 00 00 00 00 00 00 E0 40"},
+    {kLong, kChar, "LongToChar", "FF FF FF FF 01 00 00 01 00 00 00 80", "FF 01 00"},
+    {kLong, kByte, "LongToByte", "FF FF FF FF 01 00 00 01 00 00 00 80", "FF 01 00"},
+    {kLong, kShort, "LongToShort", "FF FF FF FF 01 00 00 01 00 00 00 80", "FF FF 01 00 00 00"},
+    {kLong, kWord, "LongToWord", "FF FF FF FF 01 00 00 01 00 00 00 80", "FF FF 01 00 00 00"},
+    {kLong, kLong, "LongToLong", "FF FF FF FF 01 00 00 01 00 00 00 80",
+     "FF FF FF FF 01 00 00 01 00 00 00 80"},
+    {kLong, kDWord, "LongToDWord", "FF FF FF FF 01 00 00 01 00 00 00 80",
+     "FF FF FF FF 01 00 00 01 00 00 00 80"},
+    {kLong, kShortReal, "LongToShortReal", "FF FF FF FF 01 00 00 01 00 00 00 80",
+     "00 00 80 BF 00 00 80 4B 00 00 00 CF"},
+    {kLong, kReal, "LongToReal", "FF FF FF FF 01 00 00 01 00 00 00 80",
+     "00 00 00 00 00 00 F0 BF 00 00 00 10 00 00 70 41 00 00 00 00 00 00 E0 C1"},
+    {kDWord, kChar, "DWordToChar", "FF FF FF FF 01 00 00 01 00 00 00 80", "FF 01 00"},
+    {kDWord, kByte, "DWordToByte", "FF FF FF FF 01 00 00 01 00 00 00 80", "FF 01 00"},
+    {kDWord, kShort, "DWordToShort", "FF FF FF FF 01 00 00 01 00 00 00 80", "FF FF 01 00 00 00"},
+    {kDWord, kWord, "DWordToWord", "FF FF FF FF 01 00 00 01 00 00 00 80", "FF FF 01 00 00 00"},
+    {kDWord, kLong, "DWordToLong", "FF FF FF FF 01 00 00 01 00 00 00 80",
+     "FF FF FF FF 01 00 00 01 00 00 00 80"},
+    {kDWord, kDWord, "DWordToDWord", "FF FF FF FF 01 00 00 01 00 00 00 80",
+     "FF FF FF FF 01 00 00 01 00 00 00 80"},
+    {kDWord, kShortReal, "DWordToShortReal", "FF FF FF FF 01 00 00 01 00 00 00 80",
+     "00 00 80 4F 00 00 80 4B 00 00 00 4F"},
+    {kDWord, kReal, "DWordToReal", "FF FF FF FF 01 00 00 01 00 00 00 80",
+     "00 00 E0 FF FF FF EF 41 00 00 00 10 00 00 70 41 00 00 00 00 00 00 E0 41"},
+    {kShortReal, kChar, "ShortRealToChar", "00 80 C9 42 00 80 C9 C2 00 00 00 BF", "64 9C 00"},
+    {kShortReal, kByte, "ShortRealToByte", "00 80 C9 42 00 80 48 43 00 00 80 3E", "64 C8 00"},
+    {kShortReal, kShort, "ShortRealToShort", "00 60 96 43 00 60 96 C3 00 00 00 BF", "2C 01 D4 FE 00 00"},
+    {kShortReal, kWord, "ShortRealToWord", "00 60 96 43 80 E8 7D 47 00 00 80 3E", "2C 01 E8 FD 00 00"},
+    {kShortReal, kLong, "ShortRealToLong", "60 B8 88 47 60 B8 88 C7 00 00 00 BF",
+     "70 11 01 00 90 EE FE FF 00 00 00 00"},
+    {kShortReal, kDWord, "ShortRealToDWord", "60 B8 88 47 5E D0 32 4F 00 00 80 3E",
+     "70 11 01 00 00 5E D0 B2 00 00 00 00"},
+    {kShortReal, kShortReal, "ShortRealToShortReal", "00 00 C0 3F 00 00 80 BE 00 00 80 4B",
+     "00 00 C0 3F 00 00 80 BE 00 00 80 4B"},
+    {kShortReal, kReal, "ShortRealToReal", "00 00 C0 3F 00 00 80 BE 00 00 80 4B",
+     "00 00 00 00 00 00 F8 3F 00 00 00 00 00 00 D0 BF 00 00 00 00 00 00 70 41"},
+    {kReal, kChar, "RealToChar", "00 00 00 00 00 30 59 40 00 00 00 00 00 30 59 C0 00 00 00 00 00 00 E0 BF",
+     "64 9C 00"},
+    {kReal, kByte, "RealToByte", "00 00 00 00 00 30 59 40 00 00 00 00 00 10 69 40 00 00 00 00 00 00 D0 3F",
+     "64 C8 00"},
+    {kReal, kShort, "RealToShort", "00 00 00 00 00 CC 72 40 00 00 00 00 00 CC 72 C0 00 00 00 00 00 00 E0 BF",
+     "2C 01 D4 FE 00 00"},
+    {kReal, kWord, "RealToWord", "00 00 00 00 00 CC 72 40 00 00 00 00 10 BD EF 40 00 00 00 00 00 00 D0 3F",
+     "2C 01 E8 FD 00 00"},
+    {kReal, kLong, "RealToLong", "00 00 00 00 0C 17 F1 40 00 00 00 00 0C 17 F1 C0 00 00 00 00 00 00 E0 BF",
+     "70 11 01 00 90 EE FE FF 00 00 00 00"},
+    {kReal, kDWord, "RealToDWord", "00 00 00 00 0C 17 F1 40 00 00 00 D0 0B 5A E6 41 00 00 00 00 00 00 D0 3F",
+     "70 11 01 00 80 5E D0 B2 00 00 00 00"},
+    {kReal, kShortReal, "RealToShortReal",
+     "00 00 00 00 00 00 F8 3F 9A 99 99 99 99 99 B9 3F 00 00 00 10 00 00 70 C1",
+     "00 00 C0 3F CD CC CC 3D 00 00 80 CB"},
+    {kReal, kReal, "RealToReal", "00 00 00 00 00 00 F8 3F 00 00 00 00 00 00 D0 BF 00 00 00 00 00 00 70 41",
+     "00 00 00 00 00 00 F8 3F 00 00 00 00 00 00 D0 BF 00 00 00 00 00 00 70 41"},
+};
+
+}  // namespace halyard::test
