@@ -3,8 +3,8 @@
 
 # Packages for each kit, and the programs by which a system without dpkg is judged.
 declare -A kit_packages=(
-  [native]="g++ cmake ninja-build pkg-config libgtest-dev tzdata"
-  [windows-build]="cmake ninja-build googletest g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libwine libwine-dev"
+  [native]="g++ cmake ninja-build pkg-config libgtest-dev tzdata libcli11-dev nlohmann-json3-dev libfmt-dev"
+  [windows-build]="cmake ninja-build googletest g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libwine libwine-dev libcli11-dev nlohmann-json3-dev libfmt-dev"
   [windows-run]="wine wine64 xvfb xauth"
   [package]="zip"
   [clang]="clang libclang-rt-14-dev"

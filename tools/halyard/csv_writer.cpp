@@ -1,0 +1,41 @@
+#include "tools/halyard/csv_writer.h"
+
+namespace halyard::tool {
+
+CsvWriter::CsvWriter(Output& output, char delimiter, TextForm form)
+    : output_(output), delimiter_(delimiter), form_(form) {}
+
+void CsvWriter::Separate() {
+  if (!is_first_) row_ += delimiter_;
+  is_first_ = false;
+}
+
+bool CsvWriter::Text(std::string_view utf8) {
+  const auto bytes = Encoded(utf8, form_);
+  if (!bytes) return false;
+  Separate();
+  const std::string special = std::string("\"\r\n") + delimiter_;
+  // An empty text in quotes is told from a missing value.
+  if (!bytes->empty() && bytes->find_first_of(special) == std::string::npos) {
+    row_ += *bytes;
+    return true;
+  }
+  row_ += '"';
+  for (const char c : *bytes) {
+    if (c == '"') row_ += '"';
+    row_ += c;
+  }
+  row_ += '"';
+  return true;
+}
+
+void CsvWriter::Missing() { Separate(); }
+
+void CsvWriter::EndRow() {
+  row_ += line_end_;
+  output_.Write(row_);
+  row_.clear();
+  is_first_ = true;
+}
+
+}  // namespace halyard::tool

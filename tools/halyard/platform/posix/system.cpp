@@ -1,0 +1,96 @@
+#include "tools/halyard/platform/system.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+namespace halyard::tool {
+namespace {
+
+constexpr mode_t kReadWriteForAll = 0666;
+
+int OpenWith(const std::string& name, int flags) noexcept {
+  int descriptor = kNoDescriptor;
+  do {
+    descriptor = open(name.c_str(), flags | O_CLOEXEC, kReadWriteForAll);
+  } while (descriptor < 0 && errno == EINTR);
+  return descriptor;
+}
+
+bool IsDirectory(int descriptor) noexcept {
+  struct stat status {};
+  return fstat(descriptor, &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+}  // namespace
+
+int OpenToRead(const std::string& name) noexcept {
+  const int descriptor = OpenWith(name, O_RDONLY);
+  if (descriptor >= 0 && IsDirectory(descriptor)) {
+    close(descriptor);
+    errno = EISDIR;
+    return kNoDescriptor;
+  }
+  return descriptor;
+}
+
+int OpenToWrite(const std::string& name) noexcept { return OpenWith(name, O_WRONLY); }
+
+int CreateNew(const std::string& name) noexcept { return OpenWith(name, O_WRONLY | O_CREAT | O_EXCL); }
+
+int CreateNameless() noexcept {
+  std::FILE* file = std::tmpfile();
+  if (file == nullptr) return kNoDescriptor;
+  const int descriptor = dup(fileno(file));
+  std::fclose(file);
+  return descriptor;
+}
+
+void CloseDescriptor(int descriptor) noexcept { close(descriptor); }
+
+std::ptrdiff_t ReadSome(int descriptor, void* bytes, std::size_t size) noexcept {
+  ssize_t count = 0;
+  do {
+    count = read(descriptor, bytes, size);
+  } while (count < 0 && errno == EINTR);
+  return count;
+}
+
+std::ptrdiff_t WriteSome(int descriptor, const void* bytes, std::size_t size) noexcept {
+  ssize_t count = 0;
+  do {
+    count = write(descriptor, bytes, size);
+  } while (count < 0 && errno == EINTR);
+  return count;
+}
+
+std::int64_t RegularFileSize(int descriptor) noexcept {
+  struct stat status {};
+  return fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) ? status.st_size : -1;
+}
+
+bool SeekTo(int descriptor, std::uint64_t offset) noexcept {
+  return lseek(descriptor, static_cast<off_t>(offset), SEEK_SET) >= 0;
+}
+
+bool IsBeingWritten(int descriptor) noexcept {
+  // The library locks what it writes; the lock taken here to find out goes with the
+  // descriptor or, at once, by the second call.
+  if (flock(descriptor, LOCK_SH | LOCK_NB) != 0) return errno == EWOULDBLOCK;
+  flock(descriptor, LOCK_UN);
+  return false;
+}
+
+bool FlushToDisk(int descriptor) noexcept {
+  // A descriptor that has no disk behind it needs no flushing.
+  return fsync(descriptor) == 0 || errno == EINVAL || errno == EROFS;
+}
+
+std::string ReasonText(int error) { return std::strerror(error); }
+
+}  // namespace halyard::tool

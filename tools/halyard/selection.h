@@ -1,0 +1,48 @@
+// Which records a verb works on: those of chosen definitions, and a range of numbers.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "tools/halyard/definition_view.h"
+
+namespace halyard::tool {
+
+struct RecordRange {
+  std::uint64_t first = 1;
+  std::uint64_t last = std::numeric_limits<std::uint64_t>::max();
+};
+
+class Selection {
+ public:
+  // Adds --definition and --records to a verb.
+  void AddOptions(CLI::App& verb);
+
+  // Adds --definition alone, with another meaning.
+  void AddDefinitionOption(CLI::App& verb, const std::string& description);
+
+  // Whether a record of that number is in the range.
+  [[nodiscard]] bool HasNumber(std::uint64_t number) const noexcept;
+
+  // Whether the range ends before that number: no later record is wanted.
+  [[nodiscard]] bool IsOver(std::uint64_t number) const noexcept { return number > range_.last; }
+
+  // Whether the definition was chosen by its name or id; all are where none was named.
+  [[nodiscard]] bool HasDefinition(const DefinitionView& definition) const;
+
+  // Remembers that the definition stands in the file, for RequireMet.
+  void Meet(const DefinitionView& definition) const { static_cast<void>(HasDefinition(definition)); }
+
+  // Throws Failure (usage) where a definition was named that never came.
+  void RequireMet(const std::string& file) const;
+
+ private:
+  RecordRange range_;
+  std::vector<std::string> definitions_;
+  mutable std::vector<bool> met_;
+};
+
+}  // namespace halyard::tool

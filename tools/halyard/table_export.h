@@ -1,0 +1,42 @@
+// Values as rows of a table of comma-separated values.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "tools/halyard/csv_writer.h"
+#include "tools/halyard/decoder.h"
+#include "tools/halyard/member_path.h"
+#include "tools/halyard/record_reader.h"
+#include "tools/halyard/table_notes.h"
+#include "tools/halyard/table_options.h"
+
+namespace halyard::tool {
+
+class TableExport {
+ public:
+  // Columns are the members named, or all of them. Nothing is owned.
+  TableExport(Output& output, const TableOptions& options, const std::vector<std::string>& members);
+
+  // Definitions come here too: notes about the table may be among them.
+  void Definition(const DefinitionView& definition);
+
+  // Throws Failure where the value has other columns than those before, or a text has no
+  // place in the encoding of the table.
+  void Value(const std::string& file, const Record& record, const DecodedUnit& unit);
+
+ private:
+  void Begin(const DefinitionPtr& definition);
+  void WriteHeader();
+
+  CsvWriter writer_;
+  const TableOptions& options_;
+  const std::vector<std::string>& members_;
+  TableNotes notes_;
+  DefinitionPtr definition_;
+  std::vector<MemberPath> paths_;
+  std::vector<ColumnForm> forms_;
+};
+
+}  // namespace halyard::tool

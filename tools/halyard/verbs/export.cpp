@@ -1,0 +1,86 @@
+// export: members of all values as a table, or one of them as raw numbers.
+#include <memory>
+
+#include "tools/halyard/client.h"
+#include "tools/halyard/number_export.h"
+#include "tools/halyard/output.h"
+#include "tools/halyard/platform/system.h"
+#include "tools/halyard/table_export.h"
+#include "tools/halyard/value_stream.h"
+#include "tools/halyard/verb.h"
+
+namespace halyard::tool {
+namespace {
+
+struct Options {
+  std::string file;
+  std::string output = kStandardStream;
+  Selection selection;
+  std::vector<std::string> members;
+  TableOptions table;
+  std::string number_type;
+};
+
+ExitCode ExportTable(const Options& options, Output& output, bool shows_progress) {
+  TableExport table(output, options.table, options.members);
+  ValueHandlers handlers;
+  handlers.definition = [&](const DefinitionView& definition) { table.Definition(definition); };
+  handlers.value = [&](const Record& record, const DecodedUnit& unit) {
+    table.Value(options.file, record, unit);
+  };
+  return ReadValues(options.file, options.selection, shows_progress, handlers);
+}
+
+ExitCode ExportNumbers(const Options& options, Output& output, bool shows_progress) {
+  if (options.members.size() > 1) throw Failure(ExitCode::kUsage, "--raw takes one --member");
+  NumberExport numbers(output, options.members.empty() ? "" : options.members.front(), options.number_type);
+  ValueHandlers handlers;
+  handlers.value = [&](const Record&, const DecodedUnit& unit) { numbers.Value(unit); };
+  const ExitCode code = ReadValues(options.file, options.selection, shows_progress, handlers);
+  numbers.Finish();
+  return code;
+}
+
+ExitCode Run(const Options& options) {
+  if (!options.number_type.empty() && options.output == kStandardStream && IsTerminal(kStandardOutput)) {
+    throw Failure(ExitCode::kUsage, "raw numbers are nothing for a terminal; name a file with -o");
+  }
+  Output output(options.output);
+  const bool shows_progress = options.output != kStandardStream || !IsTerminal(kStandardOutput);
+  const ExitCode code = options.number_type.empty() ? ExportTable(options, output, shows_progress)
+                                                    : ExportNumbers(options, output, shows_progress);
+  output.Finish();
+  return code;
+}
+
+}  // namespace
+
+Verb AddExport(CLI::App& program) {
+  const auto options = std::make_shared<Options>();
+  CLI::App* command = AddCommand(
+      program, "export", "Write members to a table of comma-separated values, or to a file of raw numbers",
+      {{"halyard export soundings.orm -o soundings.csv", "all members; nested ones by their path"},
+       {"halyard export -m Depth -m Position.X soundings.orm", "two columns, on standard output"},
+       {"halyard export --raw Real -m Depth soundings.orm -o depth.f64",
+        "one number of 8 bytes for each value"}});
+  command->add_option("FILE", options->file, "The file, or - for standard input")->required();
+  command->add_option("-o,--output", options->output, "The new file; standard output unless given")
+      ->type_name("OUT");
+  options->selection.AddOptions(*command);
+  command
+      ->add_option(
+          "-m,--member", options->members,
+          "Only this member, by its path (Depth, Position.X, Samples[3]); may be given several times")
+      ->type_name("PATH")
+      ->allow_extra_args(false);
+  command
+      ->add_option(
+          "--raw", options->number_type,
+          "Little-endian numbers of this type instead of a table: Char, Byte, Short, Word, Long, DWord, "
+          "ShortReal or Real")
+      ->type_name("TYPE");
+  options->table.AddOptions(*command);
+  return {command, [options] { return Run(*options); }};
+}
+
+}  // namespace halyard::tool
