@@ -3,26 +3,24 @@
 
 wine_prefix="$PWD/build/wine"
 
-# Runs a command with that prefix, without a display (message boxes have nowhere to appear)
-# and in the language of the code page that files are written in.
-in_wine() {
-  env -u DISPLAY -u WAYLAND_DISPLAY LC_ALL=C.UTF-8 WINEPREFIX="$wine_prefix" WINEDEBUG=-all \
-    WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe=" "$@"
-}
+# What a command is led by to run with that prefix, without a display (message boxes have
+# nowhere to appear) and with the code page that files are written in.
+in_wine=(env -u DISPLAY -u WAYLAND_DISPLAY LC_ALL=C.UTF-8 "WINEPREFIX=$wine_prefix" WINEDEBUG=-all
+  "WINEDLLOVERRIDES=mscoree=;mshtml=;winemenubuilder.exe=")
 
 # Makes the prefix anew.
 new_wine_prefix() {
   end_wine
   rm -rf "$wine_prefix"
   mkdir -p "$(dirname "$wine_prefix")"
-  logged wine-prefix in_wine timeout 300 wineboot --init && in_wine wineserver --wait
+  logged wine-prefix "${in_wine[@]}" timeout 300 wineboot --init && "${in_wine[@]}" wineserver --wait
 }
 
 # Ends every program in the prefix.
 end_wine() {
   [[ -d "$wine_prefix" ]] || return 0
-  in_wine wineserver --kill || true
-  in_wine wineserver --wait || true
+  "${in_wine[@]}" wineserver --kill || true
+  "${in_wine[@]}" wineserver --wait || true
 }
 
 # The Windows name of a path of this machine.

@@ -6,34 +6,40 @@
 windows_programs=build/win64/tests
 windows_targets=(halyard halyard_conformance_tests halyard_server_tests halyard_message_tests halyard_exchange)
 
+# Lines of a suite's output that a person wants to see.
+show_lines() {
+  grep -aE "$2" "$(result_file "$1" log)" | tr -d '\r' | sed 's/^/    /' || true
+}
+
 registered_suites() {
-  if ! logged register in_wine timeout 60 wine regsvr32 /s "$(windows_path build/win64/halyard.dll)"; then
+  if ! logged register "${in_wine[@]}" timeout 60 wine regsvr32 /s "$(windows_path build/win64/halyard.dll)"; then
     complain "the component cannot be registered"
     broken_suite "win64 registration"
     return
   fi
-  gtest_suite "win64 conformance" in_wine wine "$windows_programs/halyard_conformance_tests.exe"
-  counting_suite "win64 scripts" in_wine tests/scripts/run.sh
+  gtest_suite "win64 conformance" "${in_wine[@]}" wine "$windows_programs/halyard_conformance_tests.exe"
+  show_lines "win64 conformance" 'lock count'
+  counting_suite "win64 scripts" "${in_wine[@]}" tests/scripts/run.sh
   if build_preset native halyard_exchange; then
-    counting_suite "files of both platforms" in_wine tests/exchange/run.sh \
+    counting_suite "files of both platforms" "${in_wine[@]}" tests/exchange/run.sh \
       build/native/tests/exchange/halyard_exchange "$windows_programs/exchange/halyard_exchange.exe"
   else
     broken_suite "files of both platforms"
   fi
-  logged unregister in_wine timeout 60 wine regsvr32 /s /u "$(windows_path build/win64/halyard.dll)" ||
+  logged unregister "${in_wine[@]}" timeout 60 wine regsvr32 /s /u "$(windows_path build/win64/halyard.dll)" ||
     broken_suite "win64 unregistration"
 }
 
 server_suites() {
   local dlls=("HALYARD_DLL=$(windows_path build/win64/halyard.dll)"
     "HALYARD_DLL_X86=$(windows_path build/win32/halyard.dll)")
-  gtest_suite "win64 server" in_wine env "${dlls[@]}" wine "$windows_programs/server/halyard_server_tests.exe"
-  grep -aE '(exports|imports|size):|lock count' "$(result_file "win64 server" log)" | tr -d '\r' | sed 's/^/    /'
-  gtest_suite "win64 messages without a display" in_wine env "${dlls[@]}" \
+  gtest_suite "win64 server" "${in_wine[@]}" env "${dlls[@]}" wine "$windows_programs/server/halyard_server_tests.exe"
+  show_lines "win64 server" '(exports|imports|size):'
+  gtest_suite "win64 messages without a display" "${in_wine[@]}" env "${dlls[@]}" \
     wine "$windows_programs/server/halyard_message_tests.exe" --gtest_filter='*WithoutADisplay*'
   # Programs of one session share its display, or the lack of it.
   end_wine
-  gtest_suite "win64 messages on a display" in_wine env "${dlls[@]}" xvfb-run --auto-servernum \
+  gtest_suite "win64 messages on a display" "${in_wine[@]}" env "${dlls[@]}" xvfb-run --auto-servernum \
     wine "$windows_programs/server/halyard_message_tests.exe" --gtest_filter='*OnADisplay*'
   end_wine
 }
