@@ -3,8 +3,12 @@
 //
 //   time_zones TABLE FILE
 //
+// A second file beside FILE holds the places of all zones as one array.
+//
 // Exit status 0 when all rows agree, 1 when one differs or anything fails, 2 for wrong
 // arguments. Results go to standard output, faults to standard error.
+#include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <filesystem>
 #include <iomanip>
@@ -15,6 +19,7 @@
 #include "time_zones/show_definition.h"
 #include "time_zones/show_rows.h"
 #include "time_zones/zone_file.h"
+#include "time_zones/zone_places.h"
 #include "time_zones/zone_record.h"
 
 namespace {
@@ -52,6 +57,27 @@ void ShowTimes(const std::filesystem::path& path, std::size_t records, std::chro
             << "reading            " << each(reading) << " microseconds a record\n";
 }
 
+// The same zones as one array value in a second file: every place is compared, then the
+// column of latitudes goes out to a buffer of numbers, is cut to whole degrees there and
+// goes back. Answers how many places differ.
+std::size_t ShowPlaces(const std::filesystem::path& path, const std::vector<ZoneRow>& rows) {
+  WritePlaces(path, rows);
+  const auto places = ReadPlaces(path);
+  std::size_t differing = CountDifferingPlaces(places, rows, std::cerr);
+  std::vector<double> latitudes = TakeLatitudes(places);
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (latitudes[i] != rows[i].latitude) ++differing;
+    latitudes[i] = std::trunc(latitudes[i]);
+  }
+  StoreLatitudes(places, latitudes);
+  if (TakeLatitudes(places) != latitudes) ++differing;
+  const auto [south, north] = std::minmax_element(latitudes.begin(), latitudes.end());
+  std::cout << "places             " << rows.size() << " in one array of structures, "
+            << std::filesystem::file_size(path) << " bytes\n"
+            << "latitude column    out and back, whole degrees from " << *south << " to " << *north << "\n";
+  return differing;
+}
+
 int Run(const std::filesystem::path& table, const std::filesystem::path& path) {
   KeepBytesOfTexts();
   const auto rows = ReadZoneTable(table);
@@ -68,7 +94,9 @@ int Run(const std::filesystem::path& table, const std::filesystem::path& path) {
   std::cout << "\n";
   ShowTimes(path, rows.size(), writing, content.duration);
 
-  const std::size_t differing = CountDifferingRows(content, rows);
+  const std::size_t differing =
+      CountDifferingRows(content, rows) +
+      ShowPlaces(std::filesystem::path(path).replace_extension(".places.orm"), rows);
   std::cout << "compared           " << rows.size() << " rows, " << differing << " differ\n";
   return differing == 0 ? 0 : 1;
 }
