@@ -25,10 +25,10 @@ class ReadCursor {
     return TakeBytes(&value, sizeof value);
   }
 
-  // Takes `size` bytes into memory of the caller.
+  // Takes `size` bytes into memory of the caller, which may overlap the buffer.
   [[nodiscard]] bool TakeBytes(void* bytes, std::size_t size) noexcept {
     if (rest_.size() < size) return false;
-    if (size != 0) std::memcpy(bytes, rest_.data(), size);
+    if (size != 0) std::memmove(bytes, rest_.data(), size);
     rest_ = rest_.subspan(size);
     return true;
   }
@@ -76,7 +76,7 @@ class WriteCursor {
 
   [[nodiscard]] bool PutBytes(const void* bytes, std::size_t size) noexcept {
     if (rest_.size() < size) return false;
-    if (size != 0) std::memcpy(rest_.data(), bytes, size);
+    if (size != 0) std::memmove(rest_.data(), bytes, size);
     rest_ = rest_.subspan(size);
     return true;
   }

@@ -70,6 +70,7 @@ class SparseList {
 
   // Takes the element out; later ones move down by one.
   void Erase(std::uint32_t position) {
+    if (position >= size_) return;
     if (position < near_.size()) near_.erase(near_.begin() + position);
     std::map<std::uint32_t, T> moved;
     while (!far_.empty()) {

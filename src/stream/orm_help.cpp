@@ -27,8 +27,16 @@ ULONG Calculate(const Ptr<IArrayDef>& definition) {
   return size;
 }
 
+Bstr ArrayName(WideView element_name) {
+  WideString text = OLESTR("Array<");
+  text += element_name;
+  text += OLESTR(">");
+  return Bstr(text);
+}
+
 Ptr<IArrayDef> PrepareDefinition(SHORT element_type) {
   const Ptr<IArrayDef> definition = NewArrayDefinition();
+  Check(definition->put_Name(ArrayName(TypeCodeNameText(element_type).View()).get()), definition);
   Check(definition->put_DataType(element_type), definition);
   Check(definition->put_Id(static_cast<SHORT>(kPreparedId + element_type)), definition);
   // Simple arrays take the width of their elements from the last calculation.
@@ -36,21 +44,14 @@ Ptr<IArrayDef> PrepareDefinition(SHORT element_type) {
   return definition;
 }
 
-Bstr ArrayName(const Ptr<IValueDefBase>& element) {
-  Bstr name;
-  Check(element->get_Name(name.Out()), element);
-  WideString text = OLESTR("Array<");
-  text += name.View();
-  text += OLESTR(">");
-  return Bstr(text);
-}
-
 // A definition of arrays of the client's element definition.
 Ptr<IArrayDef> DefinitionOver(const Ptr<IValueDefBase>& element) {
   const Ptr<IArrayDef> definition = NewArrayDefinition();
   SHORT id = 0;
   SHORT type = kInvalid;
-  Check(definition->put_Name(ArrayName(element).get()), definition);
+  Bstr name;
+  Check(element->get_Name(name.Out()), element);
+  Check(definition->put_Name(ArrayName(name.View()).get()), definition);
   Check(element->get_Id(&id), element);
   Check(element->get_Type(&type), element);
   Check(definition->put_Id(static_cast<SHORT>(id + kClientId)), definition);

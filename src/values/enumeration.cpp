@@ -16,6 +16,7 @@ LONG FirstNumber(const Ptr<IEnumerationDef>& definition) {
   const HRESULT hr = definition->get_ElementValue(0, &value);
   if (SUCCEEDED(hr)) return value;
   if (!HasNoElements(definition)) Check(hr, definition);
+  SetErrorInfo(0, nullptr);  // that there is none is no failure here
   return 0;
 }
 

@@ -57,6 +57,17 @@ TEST(OrmHelp, MakesArraysByNameAndCode) {
   }
 }
 
+TEST(OrmHelp, PreparedDefinitionsAreNamedAfterTheirElements) {
+  const auto help = Help();
+  for (const auto& row : kPrepared) {
+    const auto array = Create(I2(row.code), help);
+    ASSERT_TRUE(array) << row.code;
+    Bstr name;
+    Check(Get(array, &IValueBase::get_Info)->get_Name(name.Out()));
+    EXPECT_TRUE(name.View() == WideString(OLESTR("Array<")) + row.name + OLESTR(">")) << row.code;
+  }
+}
+
 TEST(OrmHelp, NamesIgnoreLetterCase) {
   for (const OLECHAR* name : {OLESTR("Long"), OLESTR("LONG"), OLESTR("long"), OLESTR("lOnG")}) {
     const auto array = Create(Text(name));

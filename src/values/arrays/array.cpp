@@ -13,7 +13,8 @@ constexpr char kEmptySlot[] = "the array has an empty slot where an element is n
 HRESULT Array::get_Item(VARIANT vIndex, VARIANT* pvValue) {
   return Call("Item", [&] {
     VARIANT& result = Out(pvValue);
-    const Ptr<IValueBase> element = Require(ElementAt(ElementPosition(vIndex, ElementCount())), kEmptySlot);
+    const Ptr<IValueBase> element =
+        Require(ElementAt(ElementPosition(vIndex, [&] { return ElementCount(); })), kEmptySlot);
     Variant content;
     Check(element->get_Value(content.Out()), element);
     result = content.Detach();
@@ -22,7 +23,7 @@ HRESULT Array::get_Item(VARIANT vIndex, VARIANT* pvValue) {
 
 HRESULT Array::put_Item(VARIANT vIndex, VARIANT vValue) {
   return Call("Item", [&] {
-    const ULONG position = ElementPosition(vIndex, ElementCount());
+    const ULONG position = ElementPosition(vIndex, [&] { return ElementCount(); });
     if (vValue.vt == VT_DISPATCH) {
       Ptr<IValueBase> object = QueryFor<IValueBase>(vValue.pdispVal);
       // The object is the client's, whose code may have shortened the array.
@@ -56,7 +57,7 @@ HRESULT Array::Add(VARIANT vValue) {
 
 HRESULT Array::Remove(VARIANT vIndex) {
   return Call("Remove", [&] {
-    if (!IsFixed()) elements_.Erase(ElementPosition(vIndex, ElementCount()));
+    if (!IsFixed()) elements_.Erase(ElementPosition(vIndex, [&] { return ElementCount(); }));
   });
 }
 
@@ -69,7 +70,7 @@ HRESULT Array::RemoveAll() {
 HRESULT Array::get_At(VARIANT vIndex, IValueBase** ppValue) {
   return Call("At", [&] {
     Out(ppValue) = nullptr;
-    HandOut(ppValue, ElementAt(ElementPosition(vIndex, ElementCount())));
+    HandOut(ppValue, ElementAt(ElementPosition(vIndex, [&] { return ElementCount(); })));
   });
 }
 
@@ -158,12 +159,10 @@ void Array::AddNew(const VARIANT& value) {
   elements_.Append(std::move(element));
 }
 
-void Array::MoveColumn(const NumberColumn& column) {
+void Array::MoveColumn(const NumberColumn& column, ULONG elements) {
   Ptr<IValueBase> sample;
   const bool stores = column.direction() == Direction::kRead;
-  // The client's buffer has room for the elements that there are now.
-  const ULONG count = ElementCount();
-  for (ULONG i = 0; i < count && i < ElementCount(); ++i)
+  for (ULONG i = 0; i < elements && i < ElementCount(); ++i)
     column.MoveElement(i, stores ? Require(ElementAt(i), kEmptySlot) : SeenElementAt(i, sample));
 }
 

@@ -27,7 +27,7 @@ class Array : public NumericArray<Array, IArrayImpl> {
   [[nodiscard]] bool Encode(WriteCursor& cursor);
 
   [[nodiscard]] ULONG ElementCount() const noexcept { return elements_.size(); }
-  void MoveColumn(const NumberColumn& column);
+  void MoveColumn(const NumberColumn& column, ULONG elements);
 
  private:
   // Whether the definition fixes the number of elements. Raises E_POINTER without one.

@@ -1,7 +1,8 @@
 // The two bulk transfers, for the array classes that have numbers to move.
 //
-// A class provides `ULONG ElementCount() const` and `void MoveColumn(const NumberColumn&)`,
-// which moves one selected number of each of its elements.
+// A class provides `ULONG ElementCount() const` and
+// `void MoveColumn(const NumberColumn&, ULONG elements)`, which moves one selected number
+// of each of its first elements.
 #pragma once
 
 #include "values/arrays/array_object.h"
@@ -31,7 +32,10 @@ class NumericArray : public ArrayObject<T, Interfaces...> {
       const NumberColumns selected = SelectNumbers(call, *definition, this->Self().ElementCount());
       if (!selected.understood) return;
       *result = VARIANT_TRUE;
-      for (const NumberColumn& column : selected.columns) this->Self().MoveColumn(column);
+      // The client's buffer has room for the elements that there are now, whatever their
+      // own code does while they are visited.
+      const ULONG elements = this->Self().ElementCount();
+      for (const NumberColumn& column : selected.columns) this->Self().MoveColumn(column, elements);
     });
   }
 };

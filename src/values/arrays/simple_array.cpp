@@ -31,7 +31,7 @@ HRESULT SimpleArray::Add(VARIANT vValue) {
 
 HRESULT SimpleArray::Remove(VARIANT vIndex) {
   return Call("Remove", [&] {
-    const ULONG position = ElementPosition(vIndex, count_);
+    const ULONG position = ElementPosition(vIndex, [&] { return count_; });
     const std::uint64_t behind = Offset(count_) - Offset(position + 1);
     if (block_.Stored() != nullptr && behind != 0) {
       unsigned char* slot = block_.Writable() + Offset(position);
@@ -84,6 +84,8 @@ HRESULT SimpleArray::get_PacketSize(ULONG* pdwSize) {
 bool SimpleArray::Decode(ReadCursor& cursor) {
   ULONG count = 0;
   if (!cursor.Take(count)) return false;
+  // Kept until the end: a client may read from the array's own memory.
+  const ZeroBlock old = std::move(block_);
   // The count is kept even where the elements are not there.
   Reset(count);
   if (block_.size() > cursor.room()) return false;

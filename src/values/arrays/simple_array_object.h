@@ -9,6 +9,7 @@
 //   unsigned char* Address()               where they lie, for the client
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 
 #include "halyard/values/arrays/simple_array.h"
@@ -25,14 +26,14 @@ class SimpleArrayObject : public NumericArray<T, Interfaces..., IElementaryMemor
   HRESULT STDMETHODCALLTYPE get_Item(VARIANT vIndex, VARIANT* pvValue) override {
     return this->Call("Item", [&] {
       VARIANT& result = Out(pvValue);
-      const ULONG position = ElementPosition(vIndex, Elements().ElementCount());
+      const ULONG position = ElementPosition(vIndex, [&] { return Elements().ElementCount(); });
       result = ReadElement(StoredSlot(position), element_type_, width_).Detach();
     });
   }
 
   HRESULT STDMETHODCALLTYPE put_Item(VARIANT vIndex, VARIANT vValue) override {
     return this->Call("Item", [&] {
-      const ULONG position = ElementPosition(vIndex, Elements().ElementCount());
+      const ULONG position = ElementPosition(vIndex, [&] { return Elements().ElementCount(); });
       Store(position, vValue);
     });
   }
@@ -61,8 +62,8 @@ class SimpleArrayObject : public NumericArray<T, Interfaces..., IElementaryMemor
     return {Elements().Writable() + Offset(static_cast<ULONG>(position)), element_type_};
   }
 
-  void MoveColumn(const NumberColumn& column) {
-    const ULONG count = Elements().ElementCount();
+  void MoveColumn(const NumberColumn& column, ULONG elements) {
+    const ULONG count = std::min(elements, Elements().ElementCount());
     if (count == 0 || width_ == 0) return;
     if (column.direction() == Direction::kRead) {
       column.ReadRun({Elements().WritableInFull(), element_type_}, width_, count);
@@ -108,7 +109,9 @@ class SimpleArrayObject : public NumericArray<T, Interfaces..., IElementaryMemor
     return stored != nullptr ? stored + Offset(position) : nullptr;
   }
 
-  void RequirePosition(LONG position) { ElementPosition(Variant(position).get(), Elements().ElementCount()); }
+  void RequirePosition(LONG position) {
+    ElementPosition(Variant(position).get(), [&] { return Elements().ElementCount(); });
+  }
 
   std::uint8_t element_type_ = kInvalid;
   std::uint8_t width_ = 0;  // in bytes; 0 where elements of the type cannot be held

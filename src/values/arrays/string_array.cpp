@@ -24,12 +24,12 @@ std::uint16_t EncodedLength(const std::string& text) noexcept {
 HRESULT StringArray::get_Item(VARIANT vIndex, VARIANT* pvValue) {
   return Call("Item", [&] {
     VARIANT& result = Out(pvValue);
-    result = Variant(Widen(TextAt(ElementPosition(vIndex, texts_.size())))).Detach();
+    result = Variant(Widen(TextAt(ElementPosition(vIndex, [&] { return texts_.size(); })))).Detach();
   });
 }
 
 HRESULT StringArray::put_Item(VARIANT vIndex, VARIANT vValue) {
-  return Call("Item", [&] { Store(ElementPosition(vIndex, texts_.size()), vValue); });
+  return Call("Item", [&] { Store(ElementPosition(vIndex, [&] { return texts_.size(); }), vValue); });
 }
 
 HRESULT StringArray::get_Count(LONG* pnCount) {
@@ -48,7 +48,7 @@ HRESULT StringArray::Add(VARIANT vValue) {
 
 HRESULT StringArray::Remove(VARIANT vIndex) {
   return Call("Remove", [&] {
-    if (FixedCount() == 0) texts_.Erase(ElementPosition(vIndex, texts_.size()));
+    if (FixedCount() == 0) texts_.Erase(ElementPosition(vIndex, [&] { return texts_.size(); }));
   });
 }
 
