@@ -4,7 +4,8 @@
 # programs only, so the 32-bit build is looked at but not run.
 
 windows_programs=build/win64/tests
-windows_targets=(halyard halyard_conformance_tests halyard_server_tests halyard_message_tests halyard_exchange)
+windows_targets=(halyard halyard_conformance_tests halyard_server_tests halyard_message_tests halyard_exchange
+  halyard_differential)
 
 # Lines of a suite's output that a person wants to see.
 show_lines() {
@@ -20,9 +21,12 @@ registered_suites() {
   gtest_suite "win64 conformance" "${in_wine[@]}" wine "$windows_programs/halyard_conformance_tests.exe"
   show_lines "win64 conformance" 'lock count'
   counting_suite "win64 scripts" "${in_wine[@]}" tests/scripts/run.sh
-  if build_preset native halyard_exchange; then
+  if build_preset native halyard_exchange halyard_differential; then
     counting_suite "files of both platforms" "${in_wine[@]}" tests/exchange/run.sh \
       build/native/tests/exchange/halyard_exchange "$windows_programs/exchange/halyard_exchange.exe"
+    counting_suite "random programs on both platforms" "${in_wine[@]}" tests/differential/run.sh \
+      build/native/tests/differential/halyard_differential \
+      "$windows_programs/differential/halyard_differential.exe"
   else
     broken_suite "files of both platforms"
   fi

@@ -215,6 +215,16 @@ TEST(ArrayEncoding, DefinitionNestedInItselfFailsCleanly) {
   EXPECT_EQ(definition->put_ValueType(nullptr), S_OK);
 }
 
+TEST(ArrayEncoding, ValueOfADefinitionNestedInItselfIsNotMade) {
+  const auto definition = NewArrayInfo();
+  EXPECT_EQ(definition->put_ValueType(definition.get()), S_OK);
+  EXPECT_EQ(definition->put_ElementCount(1), S_OK);
+  Ptr<IValueBase> value;
+  EXPECT_TRUE(FAILED(definition->CreateDataObject(value.Out())));
+  EXPECT_FALSE(value);
+  EXPECT_EQ(definition->put_ValueType(nullptr), S_OK);
+}
+
 TEST(ArrayEncoding, DefinitionsNestedInEachOtherFailCleanly) {
   const auto outer = NewArrayInfo();
   const auto inner = NewArrayInfo();

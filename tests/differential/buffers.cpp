@@ -1,4 +1,5 @@
 // The two buffer calls of definitions, values and units.
+#include <algorithm>
 #include <cstring>
 
 #include "tests/differential/world.h"
@@ -11,6 +12,7 @@ namespace {
 constexpr std::size_t kSpare = 66000;
 constexpr unsigned char kFiller = 0xEE;
 constexpr ULONG kLargestRoom = 100000;
+constexpr ULONG kLargestOwn = 2000;
 
 // What a call answers: status, result, count.
 std::string Answer(HRESULT status, VARIANT_BOOL result, ULONG count) {
@@ -36,9 +38,20 @@ void Write(World& world, const std::string& name, const Ptr<I>& object) {
   world.Keep(std::move(buffer));
 }
 
+// What the object writes now; nothing when it cannot or when it is large.
+template <class I>
+Bytes OwnBytes(const Ptr<I>& object) {
+  Bytes buffer(kSpare, 0);
+  VARIANT_BOOL result = VARIANT_FALSE;
+  ULONG count = 0;
+  const HRESULT status = object->WriteToBuffer(buffer.data(), kLargestOwn, &count, &result);
+  buffer.resize(SUCCEEDED(status) && result != VARIANT_FALSE ? std::min(count, kLargestOwn) : 0);
+  return buffer;
+}
+
 template <class I>
 void Read(World& world, const std::string& name, const Ptr<I>& object) {
-  const Bytes bytes = world.AnyBytes();
+  const Bytes bytes = world.random.OneIn(2) ? world.Damaged(OwnBytes(object)) : world.AnyBytes();
   Bytes buffer = bytes;
   buffer.resize(bytes.size() + kSpare, 0);
   VARIANT_BOOL result = 77;

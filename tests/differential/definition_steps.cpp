@@ -55,7 +55,7 @@ void NewEnumeration(World& world) {
 
 void AddMember(World& world, const Ptr<IStructureDef>& structure) {
   Random& random = world.random;
-  const Bstr name(AnyText(world));
+  const Bstr name(AnyName(world));
   const SHORT type = AnyType(random);
   const auto definition = random.OneIn(2) ? world.AnyDefinition() : Ptr<IValueDefBase>();
   const LONG number = random.OneIn(2) ? random.Of(kFieldSizes) : random.Of(kElementCounts);

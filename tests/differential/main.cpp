@@ -12,6 +12,8 @@ namespace halyard::differential {
 namespace {
 
 constexpr std::uint64_t kDefaultCount = 3000;
+// A program begins with definitions, so that the rest has something to work on.
+constexpr int kFirstSteps = 8;
 constexpr int kSteps = 40;
 
 void Step(World& world) {
@@ -27,13 +29,26 @@ void TakeApart(const Ptr<IValueDefBase>& definition) {
   if (const auto array = definition.As<IArrayDef>()) static_cast<void>(array->put_ValueType(nullptr));
 }
 
+// The calls that must end well even on a definition that holds itself.
+void EndWith(World& world, const Ptr<IValueDefBase>& heavy) {
+  world.Tell("heavy.CalculateDataSize",
+             Number<ULONG>([&](ULONG* out) { return heavy->CalculateDataSize(out); }));
+  world.Tell("heavy.PacketSize", Number<ULONG>([&](ULONG* out) { return heavy->get_PacketSize(out); }));
+  WriteAnything(world, "heavy", heavy.get());
+  world.Keep(heavy);
+}
+
 std::string Run(std::uint64_t seed) {
   World world(seed);
   world.text = "program " + std::to_string(seed) + "\n";
   const test::MessageRecorder messages;
   std::string shown;
-  for (int step = 0; step < kSteps; ++step) {
-    Step(world);
+  for (int step = 0; step < kFirstSteps + kSteps; ++step) {
+    step < kFirstSteps ? DefinitionStep(world) : Step(world);
+    if (const auto heavy = world.Heavy()) {
+      EndWith(world, heavy);
+      break;
+    }
     const std::string all = messages.Shown();
     if (all.size() > shown.size()) world.Tell("message", all.substr(shown.size()));
     shown = all;

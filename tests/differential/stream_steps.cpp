@@ -41,18 +41,6 @@ void Find(World& world) {
              }));
 }
 
-// Whether a value can be made of every definition in the session that the bytes may name.
-bool SessionIsLight(World& world) {
-  for (SHORT type = kStructure; type <= kEnumeration; ++type) {
-    for (SHORT id = 0; id < 8; ++id) {
-      Ptr<IValueDefBase> found;
-      static_cast<void>(Session(world)->GetTypeFromId(Variant(type).get(), id, found.Out()));
-      if (found && Weight(found) > 2000) return false;
-    }
-  }
-  return true;
-}
-
 void UseUnit(World& world) {
   const auto unit = CreateObject<IUnit>(kUnitClass);
   if (!world.random.OneIn(8)) static_cast<void>(unit->put_Session(Session(world).get()));
@@ -63,7 +51,6 @@ void UseUnit(World& world) {
   }
   world.Tell("unit.PacketSize", Number<ULONG>([&](ULONG* out) { return unit->get_PacketSize(out); }));
   WriteAnything(world, "unit", unit.get());
-  if (!SessionIsLight(world)) return;
   ReadAnything(world, "unit", unit.get());
   Ptr<IValueBase> value;
   Ptr<IValueDefBase> info;
@@ -73,6 +60,14 @@ void UseUnit(World& world) {
                              Made(&info, [&](IValueDefBase** out) { return unit->get_Info(out); })}));
   world.Keep(value);
   world.Keep(info);
+}
+
+// Whether the record is of a size that a test wants to write: an array that was cut while
+// it was read keeps its count and would fill the file with zeros.
+bool IsSmall(const Ptr<IValueBase>& value) {
+  constexpr ULONG kLargestRecord = 100000;
+  ULONG size = 0;
+  return !value || FAILED(value->get_PacketSize(&size)) || size <= kLargestRecord;
 }
 
 void WriteFile(World& world) {
@@ -86,6 +81,7 @@ void WriteFile(World& world) {
                  Number<VARIANT_BOOL>([&](auto* out) { return file->WriteInfo(definition.get(), out); }));
     } else {
       const auto value = world.AnyValue();
+      if (!IsSmall(value)) continue;
       world.Tell("WriteData",
                  Number<VARIANT_BOOL>([&](auto* out) { return file->WriteData(value.get(), out); }));
     }
@@ -114,7 +110,6 @@ void ReadFile(World& world) {
                                 [&](auto* out) { return file->OpenForRead(FileName().get(), fresh, out); }));
   static_cast<void>(file->get_Session(world.session.Out()));
   for (int records = 0; records < 6; ++records) {
-    if (!SessionIsLight(world)) break;
     Ptr<IUnit> unit;
     world.Tell("ReadUnit", Made(&unit, [&](IUnit** out) { return file->ReadUnit(out); }));
     if (!unit) break;

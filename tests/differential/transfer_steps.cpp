@@ -1,5 +1,5 @@
 // Steps that move columns of numbers, and arrays from the factory.
-#include <cstring>
+#include <algorithm>
 
 #include "tests/differential/world.h"
 
@@ -14,11 +14,53 @@ constexpr const OLECHAR* kPaths[] = {
 constexpr std::size_t kBufferSize = 70000 * 8;
 constexpr LONG kMostElements = 65536;
 
+WideString Number(LONG number) {
+  const std::string digits = std::to_string(number);
+  return WideString(digits.begin(), digits.end());
+}
+
+// Goes on with a path that has come to a definition, into members and elements, until it
+// reaches something without parts.
+WideString PathInto(World& world, const Ptr<IValueDefBase>& definition) {
+  constexpr int kMostSteps = 5;
+  WideString path;
+  auto current = definition;
+  for (int steps = 0; current && steps < kMostSteps; ++steps) {
+    Ptr<IValueDefBase> next;
+    if (const auto structure = current.As<IStructureDef>()) {
+      LONG count = 0;
+      static_cast<void>(structure->get_MemberCount(&count));
+      if (count == 0) break;
+      const LONG member = world.random.Between(0, std::min(count, LONG{8}) - 1);
+      Bstr name;
+      static_cast<void>(structure->get_MemberName(member, name.Out()));
+      static_cast<void>(structure->get_Members(Variant(member).get(), next.Out()));
+      path += OLESTR(".") + WideString(name.View());
+    } else if (const auto inner = current.As<IArrayDef>()) {
+      static_cast<void>(inner->get_ValueType(next.Out()));
+      path += OLESTR("[") + Number(world.random.Between(0, 2)) + OLESTR("]");
+    }
+    current = next;
+  }
+  return path;
+}
+
+// Mostly a path that leads somewhere in the array's elements.
+WideString AnyPath(World& world, const Ptr<IArray>& array) {
+  if (world.random.OneIn(4)) return world.random.Of(kPaths);
+  Ptr<IValueDefBase> info;
+  if (FAILED(array->get_Info(info.Out()))) return {};
+  Ptr<IValueDefBase> element;
+  if (const auto definition = info.As<IArrayDef>())
+    static_cast<void>(definition->get_ValueType(element.Out()));
+  return PathInto(world, element);
+}
+
 void Transfer(World& world, const Ptr<IArray>& array) {
   LONG count = 0;
   static_cast<void>(array->get_Count(&count));
   if (count < 0 || count > kMostElements) return;
-  const Bstr path(world.random.Of(kPaths));
+  const Bstr path(AnyPath(world, array));
   const Variant type =
       world.random.OneIn(8) ? AnyVariant(world) : Variant(static_cast<SHORT>(world.random.Between(4, 12)));
   const bool build = world.random.OneIn(2);

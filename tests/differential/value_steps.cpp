@@ -6,32 +6,8 @@
 namespace halyard::differential {
 namespace {
 
-constexpr std::uint32_t kLargestWeight = 2000;
 constexpr int kDeepest = 12;
 constexpr LONG kShownParts = 6;
-
-std::uint32_t Sum(std::uint32_t a, std::uint32_t b) { return std::min(a + b, kLargestWeight + 1); }
-
-std::uint32_t StructureWeight(const Ptr<IStructureDef>& structure, int depth) {
-  LONG count = 0;
-  static_cast<void>(structure->get_MemberCount(&count));
-  std::uint32_t weight = 1;
-  for (LONG i = 0; i < count && weight <= kLargestWeight; ++i) {
-    Ptr<IValueDefBase> member;
-    static_cast<void>(structure->get_Members(Variant(i).get(), member.Out()));
-    weight = Sum(weight, Weight(member, depth + 1));
-  }
-  return weight;
-}
-
-std::uint32_t ArrayWeight(const Ptr<IArrayDef>& array, int depth) {
-  LONG count = 0;
-  static_cast<void>(array->get_ElementCount(&count));
-  Ptr<IValueDefBase> element;
-  static_cast<void>(array->get_ValueType(element.Out()));
-  const auto elements = static_cast<std::uint32_t>(std::clamp(count, LONG{1}, LONG{kLargestWeight + 1}));
-  return std::min(elements * Weight(element, depth + 1), kLargestWeight + 1);
-}
 
 // The parts of a value, a few of them.
 std::string Parts(const Ptr<IValueBase>& value, int depth) {
@@ -85,8 +61,7 @@ void AddPart(World& world, const Ptr<IValueBase>& value) {
     static_cast<void>(value->get_Info(info.Out()));
     if (const auto array = info.As<IArrayDef>()) static_cast<void>(array->get_ValueType(element.Out()));
     Ptr<IValueBase> fresh;
-    if (element && Weight(element) <= kLargestWeight)
-      static_cast<void>(element->CreateDataObject(fresh.Out()));
+    if (element) static_cast<void>(element->CreateDataObject(fresh.Out()));
     if (fresh) content = Variant(static_cast<IDispatch*>(fresh.get()));
   }
   world.Tell("value.Add " + Show(content.get()), Status(value->Add(content.get())));
@@ -114,7 +89,6 @@ void CopyWhole(World& world, const Ptr<IValueBase>& value) {
 // A type that the value should refuse, having one, or take, having none.
 void PutInfo(World& world, const Ptr<IValueBase>& value) {
   const auto definition = world.AnyDefinition();
-  if (definition && Weight(definition) > kLargestWeight) return;
   world.Tell("value.Info", Status(value->put_Info(definition.get())));
 }
 
@@ -129,19 +103,10 @@ void MakeUntyped(World& world) {
 
 }  // namespace
 
-std::uint32_t Weight(const Ptr<IValueDefBase>& definition, int depth) {
-  if (depth > kDeepest) return kLargestWeight + 1;
-  if (const auto structure = definition.As<IStructureDef>()) return StructureWeight(structure, depth);
-  if (const auto array = definition.As<IArrayDef>()) return ArrayWeight(array, depth);
-  return 1;
-}
-
 Ptr<IValueBase> FreshValue(World& world) {
   const auto definition = world.AnyDefinition();
   Ptr<IValueBase> value;
-  if (definition && Weight(definition) <= kLargestWeight) {
-    static_cast<void>(definition->CreateDataObject(value.Out()));
-  }
+  if (definition) static_cast<void>(definition->CreateDataObject(value.Out()));
   return value;
 }
 

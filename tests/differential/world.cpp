@@ -54,7 +54,10 @@ void World::Keep(Bytes encoding) { KeepFew(encodings, std::move(encoding)); }
 
 Bytes World::AnyBytes() {
   if (encodings.empty() || random.OneIn(12)) return Noise(random);
-  Bytes bytes = encodings[random.Below(static_cast<std::uint32_t>(encodings.size()))];
+  return Damaged(encodings[random.Below(static_cast<std::uint32_t>(encodings.size()))]);
+}
+
+Bytes World::Damaged(Bytes bytes) {
   if (random.OneIn(4)) bytes.resize(random.Below(static_cast<std::uint32_t>(bytes.size()) + 1));
   if (random.OneIn(4) && !bytes.empty()) {
     for (auto changes = random.Below(3) + 1; changes > 0; --changes) {

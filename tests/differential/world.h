@@ -42,9 +42,14 @@ class World {
   void Keep(Ptr<IValueBase> value);
   void Keep(Bytes encoding);
 
-  // Bytes of an earlier encoding: whole, cut, changed in a few places or extended; at
-  // times noise.
+  // A definition in use that is too large to make values of, or that holds itself: a
+  // program ends when there is one. None when all are small.
+  Ptr<IValueDefBase> Heavy() const;
+
+  // Bytes of an earlier encoding, damaged; at times noise.
   Bytes AnyBytes();
+  // The bytes whole, cut, changed in a few places or extended.
+  Bytes Damaged(Bytes bytes);
 };
 
 // How outcomes are told.
@@ -98,6 +103,8 @@ Variant AnyVariant(World& world);
 // A random position, mostly near the first ones.
 Variant AnyIndex(World& world);
 WideString AnyText(World& world);
+// A name for a member, one of the few that paths use.
+WideString AnyName(World& world);
 
 // One call on a thing of each kind.
 void DefinitionStep(World& world);
@@ -105,10 +112,10 @@ void ValueStep(World& world);
 void TransferStep(World& world);
 void StreamStep(World& world);
 
-// A fresh value of a definition that is not too large to be made; may be none.
+// A fresh value of one of the definitions; may be none.
 Ptr<IValueBase> FreshValue(World& world);
-// How many elementary parts a value of the definition has; many for one that holds itself.
-std::uint32_t Weight(const Ptr<IValueDefBase>& definition, int depth = 0);
+// Whether a value of the definition has so many parts that it is not worth making.
+bool IsHeavy(const Ptr<IValueDefBase>& definition);
 
 // A value with all its parts, a few of each, in one line.
 std::string Tree(const Ptr<IValueBase>& value, int depth = 0);

@@ -200,6 +200,23 @@ TEST(ArrayBytes, NestedCountsThatTheBufferCannotHoldUseNoMemory) {
   EXPECT_TRUE(limit.Kept());
 }
 
+TEST(ArrayBytes, ArrayThatHoldsItselfFailsCleanly) {
+  const auto array = NewArray(ArrayDefinition(SimpleArrayDefinition(kLong)));
+  Add(array, Object(array));
+  ASSERT_TRUE(SameObject(At(array, 0).get(), array.get()));
+  ULONG size = 0;
+  Ptr<IValueBase> copy;
+  EXPECT_TRUE(FAILED(array->get_PacketSize(&size)));
+  EXPECT_TRUE(FAILED(array->Copy(copy.Out())));
+  const Outcome written = WriteTo(array, 100000).outcome;
+  EXPECT_TRUE(FAILED(written.status) || written.result == VARIANT_FALSE);
+  Bytes ones;
+  for (int i = 0; i < 20000; ++i) ones.insert(ones.end(), {1, 0, 0, 0});
+  const Outcome read = ReadFrom(array, ones);
+  EXPECT_TRUE(FAILED(read.status) || read.result == VARIANT_FALSE);
+  EXPECT_EQ(array->RemoveAll(), S_OK);
+}
+
 TEST(ArrayBytes, NullArgumentsAreRejected) { ExpectNullBufferArgumentsRejected(Points({1})); }
 
 }  // namespace

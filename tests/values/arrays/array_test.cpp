@@ -148,6 +148,13 @@ TEST(Array, PutItemOfAnObjectThatIsNoValueEmptiesTheSlot) {
   EXPECT_EQ(X(array, 0), "I4 3");
 }
 
+TEST(Array, PutItemOfNoObjectEmptiesTheSlot) {
+  const auto array = PointsAt({1});
+  PutItem(array, 0, Variant(static_cast<IDispatch*>(nullptr)));
+  EXPECT_EQ(Count(array), 1);
+  EXPECT_FALSE(At(array, 0));
+}
+
 TEST(Array, PutItemRaisesAFailingQuery) {
   const auto array = PointsAt({1});
   const auto stranger = NewForeign<ForeignValue>();
