@@ -128,6 +128,28 @@ TEST(Doctor, RefusesCountsThatNothingBacks) {
       << outcome.out;
 }
 
+TEST(Doctor, BelievesNoCountOfElements) {
+  // Arrays of any number of elements, of which values announce four thousand million.
+  const auto array_of = [](const std::string& element, unsigned type) {
+    return UnitBytes().U16(101).U16(15).U16(1).Text("").Text("").U16(0).U16(type).U16(0).Raw(element).bytes();
+  };
+  const std::string elements[] = {array_of(UnitBytes().U16(8).U16(4).U16(0).bytes(), 8),
+                                  array_of(UnitBytes().U16(1).U16(0).U16(0).bytes(), 1),
+                                  array_of(StationDefinition().substr(4), 14)};
+  for (const std::string& definition : elements) {
+    const Outcome outcome =
+        Examine(Header() + Record(definition) +
+                Record(UnitBytes().U16(102).U16(15).U16(1).U32(0xFFFFFFF0).U32(1).bytes()));
+    EXPECT_EQ(outcome.code, 1);
+    EXPECT_NE(outcome.out.find("record 2: fault: the value is cut short"), std::string::npos) << outcome.out;
+  }
+  // Elements that take no bytes.
+  const std::string empty = array_of(UnitBytes().U16(0).Text("").Text("").U16(0).U16(0).bytes(), 14);
+  const Outcome outcome =
+      Examine(Header() + Record(empty) + Record(UnitBytes().U16(102).U16(15).U16(1).U32(0xFFFFFFF0).bytes()));
+  EXPECT_NE(outcome.out.find("no count of them can be believed"), std::string::npos) << outcome.out;
+}
+
 TEST(Doctor, WritesFindingsAsJson) {
   const Folder folder;
   const std::string file = folder.Make("a.orm", StationFile(0) + "ab");

@@ -82,7 +82,7 @@ TEST(Defs, DrawsTreeAndLayout) {
       outcome.out,
       "Station Structure, id 3, 8 bytes, varying layout, record 1\n"
       "├─ Depth  Long, offset 0, 4 bytes\n"
-      "├─ Label?  String, part 1 of varying size, can be null\n"
+      "├─ Label?  String, piece 1 of varying size, can be null\n"
       "└─ Salt  ShortReal, offset 4, 4 bytes\n"
       "\n"
       "        0   1   2   3   4   5   6   7   8   9  10  11  12  13  14  15\n"

@@ -23,10 +23,7 @@ std::string DefinitionName(const UnitHead& head) {
 
 }  // namespace
 
-UnitDecoder::UnitDecoder()
-    : session_(CreateObject<IOrmSession>(kOrmSessionClass)), unit_(CreateObject<IUnit>(kUnitClass)) {
-  Check(unit_->put_Session(session_.get()), unit_);
-}
+UnitDecoder::UnitDecoder() : unit_(CreateObject<IUnit>(kUnitClass)) {}
 
 DefinitionPtr UnitDecoder::Find(const DefinitionKey& key) const {
   const auto known = known_.find(key);
@@ -72,7 +69,9 @@ void UnitDecoder::TakeInfo(std::span<const unsigned char> unit, DecodedUnit& res
     result.offset = kInfoHeadBytes + scan.offset;
     return;
   }
+  const auto session = CreateObject<IOrmSession>(kOrmSessionClass);
   try {
+    Check(unit_->put_Session(session.get()), unit_);
     result.used = ReadUnit(unit_, unit);
     if (result.used == 0) {
       result.what = "the definition cannot be read";
@@ -86,18 +85,20 @@ void UnitDecoder::TakeInfo(std::span<const unsigned char> unit, DecodedUnit& res
     return;
   }
   result.verdict = Verdict::kWhole;
-  if (result.head.id != 0) known_[{result.head.type, result.head.id}] = {result.definition, scan.cost};
+  if (result.head.id != 0)
+    known_[{result.head.type, result.head.id}] = {result.definition, scan.cost, session};
 }
 
 void UnitDecoder::TakeData(std::span<const unsigned char> unit, DecodedUnit& result) {
   result.verdict = Verdict::kBroken;
-  const ValueCost& cost = known_.at({result.head.type, result.head.id}).cost;
+  const Known& known = known_.at({result.head.type, result.head.id});
   const std::size_t size = unit.size() - kDataHeadBytes;
-  if (const auto fault = CostFault(cost, size)) {
+  if (const auto fault = CostFault(known.cost, size)) {
     result.what = "the value is not read: " + *fault;
     return;
   }
   try {
+    Check(unit_->put_Session(known.session.get()), unit_);
     result.used = ReadUnit(unit_, unit);
     if (result.used == 0) {
       result.what = fmt::format("the value is cut short: its {} bytes are not enough for {}", size,

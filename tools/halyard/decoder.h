@@ -52,15 +52,17 @@ class UnitDecoder {
   [[nodiscard]] DefinitionPtr Find(const DefinitionKey& key) const;
 
  private:
+  // A definition that was met. Each has a session of its own: one for all would be
+  // searched from its beginning for every value.
   struct Known {
     DefinitionPtr view;
     ValueCost cost;
+    Ptr<IOrmSession> session;
   };
 
   void TakeInfo(std::span<const unsigned char> unit, DecodedUnit& result);
   void TakeData(std::span<const unsigned char> unit, DecodedUnit& result);
 
-  Ptr<IOrmSession> session_;
   Ptr<IUnit> unit_;
   std::map<DefinitionKey, Known> known_;
 };

@@ -62,9 +62,6 @@ std::string ReasonText(int error);
 bool IsTerminal(int descriptor) noexcept;
 bool ShowsColours(int descriptor) noexcept;
 
-// Characters a line of the terminal, 0 where that is unknown.
-int TerminalWidth(int descriptor) noexcept;
-
 // Keeps a file in mind, open as `descriptor`, that is removed when the program is
 // interrupted (Ctrl-C, a closed terminal, a plain kill). One at a time; the empty name
 // forgets it.

@@ -58,7 +58,7 @@ class DefinitionTree {
   void Member(const MemberView& member, const std::string& indent, bool is_last) {
     const std::string place = member.is_field()
                                   ? fmt::format("offset {}, {}", member.place, Counted(member.size, "byte"))
-                                  : fmt::format("part {} of varying size", member.place + 1);
+                                  : fmt::format("piece {} of varying size", member.place + 1);
     Line(indent, is_last, member.name + (member.can_be_null ? "?" : ""),
          fmt::format("{}, {}{}", TypeNote(*member.definition), place,
                      member.can_be_null ? ", can be null" : ""));

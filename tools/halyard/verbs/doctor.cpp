@@ -11,13 +11,10 @@
 #include "tools/halyard/client.h"
 #include "tools/halyard/counts.h"
 #include "tools/halyard/decoder.h"
-#include "tools/halyard/json.h"
+#include "tools/halyard/findings.h"
 #include "tools/halyard/output.h"
-#include "tools/halyard/platform/system.h"
 #include "tools/halyard/progress.h"
 #include "tools/halyard/record_reader.h"
-#include "tools/halyard/style.h"
-#include "tools/halyard/unicode.h"
 #include "tools/halyard/verb.h"
 
 namespace halyard::tool {
@@ -25,80 +22,13 @@ namespace {
 
 struct Options {
   std::vector<std::string> files;
-  bool as_json = false;
-  std::uint64_t limit = 1000;
+  FindingsForm form;
 };
-
-enum class Severity { kRemark, kFault };
-
-// Prints findings of one file as they are made.
-class Findings {
- public:
-  Findings(Output& output, const Options& options, std::string file)
-      : output_(output), options_(options), style_(kStandardOutput), file_(std::move(file)) {}
-
-  void Add(Severity severity, std::uint64_t offset, std::uint64_t record, const std::string& what) {
-    ++(severity == Severity::kFault ? faults_ : remarks_);
-    if (faults_ + remarks_ > options_.limit) return;
-    if (options_.as_json) {
-      ShowJson(severity, offset, record, what);
-    } else {
-      Show(severity, offset, record, what);
-    }
-  }
-
-  // The last line; true where the file is sound.
-  bool Close(std::uint64_t records, std::uint64_t bytes);
-
- private:
-  void Show(Severity severity, std::uint64_t offset, std::uint64_t record, const std::string& what) {
-    const std::string place = record == 0 ? "" : fmt::format(", record {}", Grouped(record));
-    const std::string mark = severity == Severity::kFault ? style_.Bad("fault") : style_.Quiet("remark");
-    output_.Write(fmt::format("{}: offset {}{}: {}: {}\n", Printable(file_), Grouped(offset), place, mark,
-                              Printable(what)));
-  }
-  void ShowJson(Severity severity, std::uint64_t offset, std::uint64_t record, const std::string& what) {
-    output_.Write(Dumped({{"file", file_},
-                          {"offset", offset},
-                          {"record", record},
-                          {"severity", severity == Severity::kFault ? "fault" : "remark"},
-                          {"what", what}}) +
-                  "\n");
-  }
-
-  Output& output_;
-  const Options& options_;
-  Style style_;
-  std::string file_;
-  std::uint64_t faults_ = 0;
-  std::uint64_t remarks_ = 0;
-};
-
-bool Findings::Close(std::uint64_t records, std::uint64_t bytes) {
-  const std::uint64_t hidden = faults_ + remarks_ - std::min(faults_ + remarks_, options_.limit);
-  if (options_.as_json) {
-    output_.Write(Dumped({{"file", file_},
-                          {"records", records},
-                          {"bytes", bytes},
-                          {"faults", faults_},
-                          {"remarks", remarks_},
-                          {"not_listed", hidden}}) +
-                  "\n");
-    return faults_ == 0;
-  }
-  if (hidden != 0)
-    output_.Write(fmt::format("{}: {} more, see --limit\n", Printable(file_), Grouped(hidden)));
-  const std::string state = faults_ == 0 ? style_.Good("sound") : style_.Bad(Counted(faults_, "fault"));
-  const std::string remarks = remarks_ == 0 ? "" : ", " + Counted(remarks_, "remark");
-  output_.Write(fmt::format("{}: {}{} in {}, {}\n", Printable(file_), state, remarks,
-                            Counted(records, "record"), SizeText(bytes)));
-  return faults_ == 0;
-}
 
 class Examination {
  public:
-  Examination(Output& output, const Options& options, const std::string& file)
-      : input_(file), findings_(output, options, input_.name()) {}
+  Examination(Output& output, const FindingsForm& form, const std::string& file)
+      : input_(file), findings_(output, form, input_.name()) {}
 
   bool Run();
 
@@ -210,7 +140,7 @@ ExitCode Run(const Options& options) {
   ExitCode code = ExitCode::kFine;
   for (const std::string& file : options.files) {
     try {
-      if (!Examination(output, options, file).Run()) code = std::max(code, ExitCode::kFaults);
+      if (!Examination(output, options.form, file).Run()) code = std::max(code, ExitCode::kFaults);
     } catch (const Failure& failure) {
       if (options.files.size() == 1 || *failure.what() == '\0') throw;
       Remark(failure.what());
@@ -230,10 +160,11 @@ Verb AddDoctor(CLI::App& program) {
                  {{"halyard doctor soundings.orm", "list faults and remarks; the exit code is 1 for faults"},
                   {"halyard doctor --json *.orm", "a JSON document for each finding and each file"}});
   command->add_option("FILE", options->files, "The files, or - for standard input")->required();
-  command->add_flag("--json", options->as_json,
+  command->add_flag("--json", options->form.as_json,
                     "A JSON document for each finding and a last one for each file");
   command
-      ->add_option("--limit", options->limit, "List that many findings of a file and count the others (1000)")
+      ->add_option("--limit", options->form.limit,
+                   "List that many findings of a file and count the others (1000)")
       ->type_name("N");
   return {command, [options] { return Run(*options); }};
 }

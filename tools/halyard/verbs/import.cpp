@@ -5,16 +5,15 @@
 #include <filesystem>
 #include <memory>
 
-#include "tools/halyard/ascii.h"
 #include "tools/halyard/client.h"
-#include "tools/halyard/counts.h"
+#include "tools/halyard/column_paths.h"
 #include "tools/halyard/csv_reader.h"
-#include "tools/halyard/forced_types.h"
 #include "tools/halyard/output.h"
 #include "tools/halyard/progress.h"
 #include "tools/halyard/row_builder.h"
 #include "tools/halyard/rows.h"
 #include "tools/halyard/table_definition.h"
+#include "tools/halyard/table_guess.h"
 #include "tools/halyard/table_notes.h"
 #include "tools/halyard/table_options.h"
 #include "tools/halyard/unit_writer.h"
@@ -102,51 +101,8 @@ std::string Import::TableName() const {
   return {stem.begin(), stem.end()};
 }
 
-// Collects what a column can be.
-class Guesses {
- public:
-  explicit Guesses(const Options& options) : options_(options), forced_(options.types) {}
-
-  void Begin(const std::vector<std::string>& columns, const CsvReader& reader) {
-    columns_ = columns;
-    has_bare_line_feeds_ = reader.has_bare_line_feeds();
-    guesses_.assign(columns.size(), ColumnGuess(options_.most_elements));
-  }
-  void Row(const CsvRow& row, const CsvReader& reader) {
-    if (row.size() != guesses_.size()) {
-      reader.Fail(fmt::format("there are {} fields instead of {}", row.size(), guesses_.size()));
-    }
-    for (std::size_t i = 0; i < row.size(); ++i) guesses_[i].Take(row[i]);
-  }
-
-  [[nodiscard]] const std::vector<std::string>& columns() const noexcept { return columns_; }
-  std::vector<ColumnType> Types(const std::string& table);
-  [[nodiscard]] bool has_bare_line_feeds() const noexcept { return has_bare_line_feeds_; }
-
- private:
-  const Options& options_;
-  ForcedTypes forced_;
-  std::vector<std::string> columns_;
-  std::vector<ColumnGuess> guesses_;
-  bool has_bare_line_feeds_ = false;
-};
-
-std::vector<ColumnType> Guesses::Types(const std::string& table) {
-  std::vector<ColumnType> types;
-  for (std::size_t i = 0; i < guesses_.size(); ++i) {
-    ColumnType type = guesses_[i].Result();
-    if (!forced_.Apply(columns_[i], type) && !type.remark.empty()) {
-      Remark(fmt::format("{}: column {}: {}; --type '{}=Real' and the like decide otherwise", table,
-                         columns_[i], type.remark, columns_[i]));
-    }
-    types.push_back(std::move(type));
-  }
-  forced_.RequireUsed(table);
-  return types;
-}
-
 Plan Import::PlanByGuess() {
-  Guesses guesses(options_);
+  TableGuess guesses(options_.types, options_.most_elements);
   ReadRows("look at", guesses);
   const std::vector<ColumnType> types = guesses.Types(input_.name());
   const Ptr<IValueDefBase> row = DefineRows(TableName(), guesses.columns(), types);
@@ -163,44 +119,6 @@ Plan Import::PlanByGuess() {
   if (!notes.IsEmpty()) plan.notes = std::move(notes);
   return plan;
 }
-
-// Finds for each column the member that its name says.
-class ColumnPaths {
- public:
-  ColumnPaths(const DefinitionPtr& row, bool has_no_header) : row_(row), has_no_header_(has_no_header) {}
-
-  void Begin(const std::vector<std::string>& columns, const CsvReader& reader) {
-    const std::vector<MemberPath> all = AllPaths(row_);
-    if (has_no_header_) {
-      if (columns.size() != all.size()) {
-        reader.Fail(fmt::format("there are {} fields instead of {}", columns.size(), all.size()));
-      }
-      paths_ = all;
-      return;
-    }
-    for (const std::string& column : columns) paths_.push_back(PathOf(column, all));
-  }
-  void Row(const CsvRow&, const CsvReader&) {}
-
-  [[nodiscard]] std::vector<MemberPath> Take() { return std::move(paths_); }
-
- private:
-  MemberPath PathOf(const std::string& column, const std::vector<MemberPath>& all) const {
-    for (const MemberPath& path : all) {
-      if (EqualIgnoringCase(path.title, column)) return path;
-    }
-    auto paths = ParsePath(column, row_);
-    if (paths.size() != 1 || paths.front().steps.empty()) {
-      throw Failure(ExitCode::kUsage,
-                    fmt::format("the column '{}' names no single member of {}", column, row_->Title()));
-    }
-    return std::move(paths.front());
-  }
-
-  DefinitionPtr row_;
-  bool has_no_header_;
-  std::vector<MemberPath> paths_;
-};
 
 Plan Import::PlanLike() {
   Plan plan;

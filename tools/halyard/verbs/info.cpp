@@ -2,16 +2,13 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <map>
 #include <memory>
 
 #include "tools/halyard/counts.h"
-#include "tools/halyard/decoder.h"
+#include "tools/halyard/file_content.h"
 #include "tools/halyard/json.h"
 #include "tools/halyard/output.h"
 #include "tools/halyard/platform/system.h"
-#include "tools/halyard/progress.h"
-#include "tools/halyard/record_reader.h"
 #include "tools/halyard/table.h"
 #include "tools/halyard/unicode.h"
 #include "tools/halyard/verb.h"
@@ -25,84 +22,6 @@ struct Options {
   std::vector<std::string> files;
   bool as_json = false;
 };
-
-// Records and their bytes, with their length fields.
-struct Tally {
-  std::uint64_t records = 0;
-  std::uint64_t bytes = 0;
-  std::uint64_t first = 0;  // offset
-  std::uint64_t last = 0;   // offset
-
-  void Count(const Record& record) {
-    if (records++ == 0) first = record.offset;
-    last = record.offset;
-    bytes += kLengthBytes + record.length;
-  }
-};
-
-struct Definition {
-  DefinitionPtr view;
-  Tally announced;
-  Tally values;
-};
-
-struct Content {
-  std::string name;
-  std::uint64_t size = 0;
-  Tally all;
-  std::map<USHORT, Tally> kinds;
-  std::map<USHORT, Tally> types;
-  std::map<DefinitionKey, Definition> definitions;
-  Tally unresolved;
-  Tally broken;
-  std::optional<Fault> fault;
-  std::uint64_t tail = 0;
-  bool is_being_written = false;
-};
-
-void Count(const Record& record, RecordReader& reader, UnitDecoder& decoder, Content& content) {
-  content.all.Count(record);
-  content.kinds[record.head.kind].Count(record);
-  content.types[record.head.type].Count(record);
-  const DefinitionKey key(record.head.type, record.head.id);
-  if (record.head.IsInfo()) {
-    const auto unit = reader.Unit();
-    if (!unit) return;
-    const DecodedUnit decoded = decoder.DecodeInfo(*unit);
-    if (decoded.verdict != Verdict::kWhole) {
-      content.broken.Count(record);
-      return;
-    }
-    Definition& definition = content.definitions[key];
-    definition.view = decoded.definition;
-    definition.announced.Count(record);
-  } else if (record.head.IsData()) {
-    const auto definition = content.definitions.find(key);
-    if (definition != content.definitions.end()) {
-      definition->second.values.Count(record);
-    } else {
-      content.unresolved.Count(record);
-    }
-  }
-}
-
-Content Examine(const std::string& file) {
-  Input input(file);
-  RecordReader reader(input);
-  UnitDecoder decoder;
-  Progress progress(input.name(), input.size());
-  Content content;
-  content.name = input.name();
-  while (const auto record = reader.Next()) {
-    Count(*record, reader, decoder, content);
-    progress.At(record->offset);
-  }
-  content.fault = reader.fault();
-  content.tail = reader.tail();
-  content.size = input.size().value_or(input.position());
-  content.is_being_written = input.IsBeingWritten();
-  return content;
-}
 
 std::string KindName(USHORT kind) {
   if (kind == kInfoUnit) return "definitions";
@@ -122,7 +41,7 @@ void ShowTally(Output& output, const Style& style, std::string_view what, const 
            fmt::format("{} in {}", Counted(tally.records, "record"), SizeText(tally.bytes)));
 }
 
-void ShowDefinitions(Output& output, const Style& style, const Content& content) {
+void ShowDefinitions(Output& output, const Style& style, const FileContent& content) {
   if (content.definitions.empty()) return;
   output.Write("\n");
   Table table(output, style,
@@ -152,7 +71,7 @@ void ShowDefinitions(Output& output, const Style& style, const Content& content)
   table.Finish();
 }
 
-void ShowTrouble(Output& output, const Style& style, const Content& content) {
+void ShowTrouble(Output& output, const Style& style, const FileContent& content) {
   const auto show = [&](const std::string& what) { output.Write("  " + style.Bad(what) + "\n"); };
   if (content.unresolved.records != 0) {
     show(fmt::format("{} without a definition, the first at offset {}",
@@ -170,7 +89,7 @@ void ShowTrouble(Output& output, const Style& style, const Content& content) {
   }
 }
 
-void Show(Output& output, const Content& content) {
+void Show(Output& output, const FileContent& content) {
   const Style style(kStandardOutput);
   output.Write(style.Title(Printable(content.name)) + "\n");
   ShowLine(output, style, "size", SizeText(content.size));
@@ -199,7 +118,7 @@ Json TallyJson(const Tally& tally) {
   return result;
 }
 
-Json DefinitionJson(const Definition& definition) {
+Json DefinitionJson(const ContentDefinition& definition) {
   const DefinitionView& view = *definition.view;
   const std::size_t members = view.type == kEnumeration ? view.elements.size() : view.members.size();
   return {{"name", view.name},
@@ -212,7 +131,7 @@ Json DefinitionJson(const Definition& definition) {
           {"values", TallyJson(definition.values)}};
 }
 
-Json ContentJson(const Content& content) {
+Json ContentJson(const FileContent& content) {
   Json result = {{"file", content.name},
                  {"size", content.size},
                  {"version", "1.0"},
@@ -236,10 +155,8 @@ ExitCode Run(const Options& options) {
   bool is_first = true;
   for (const std::string& file : options.files) {
     try {
-      const Content content = Examine(file);
-      if (content.fault || content.unresolved.records != 0 || content.broken.records != 0) {
-        code = std::max(code, ExitCode::kFaults);
-      }
+      const FileContent content = ExamineFile(file);
+      if (!content.IsSound()) code = std::max(code, ExitCode::kFaults);
       if (options.as_json) {
         output.Write(Dumped(ContentJson(content), true) + "\n");
       } else {

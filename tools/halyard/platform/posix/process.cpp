@@ -1,5 +1,4 @@
 // The process on POSIX systems: signals, arguments, the terminal.
-#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <array>
@@ -8,6 +7,7 @@
 #include <cstring>
 #include <string_view>
 
+#include "halyard/platform/messages.h"
 #include "halyard/platform/narrow_text.h"
 #include "tools/halyard/platform/system.h"
 
@@ -39,6 +39,8 @@ void PrepareProcess() {
   // Texts in files are bytes, and the program decides what they mean: in Latin-1 each
   // byte is the character of the same number.
   SetNarrowEncoding(NarrowEncoding::kLatin1);
+  // What the library would tell a person, this program tells with file and offset.
+  SetMessageHandler([](const char*, const char*) {});
   std::signal(SIGPIPE, SIG_IGN);
   // A file that has reached its largest size is an error of the write.
   std::signal(SIGXFSZ, SIG_IGN);
@@ -53,11 +55,6 @@ bool IsTerminal(int descriptor) noexcept { return isatty(descriptor) == 1; }
 bool ShowsColours(int descriptor) noexcept {
   const char* terminal = std::getenv("TERM");
   return IsTerminal(descriptor) && terminal != nullptr && std::string_view(terminal) != "dumb";
-}
-
-int TerminalWidth(int descriptor) noexcept {
-  winsize size{};
-  return ioctl(descriptor, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
 }
 
 void RemoveOnInterrupt(const std::string& name, int) noexcept {

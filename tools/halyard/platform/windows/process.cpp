@@ -76,12 +76,6 @@ bool ShowsColours(int descriptor) noexcept {
          SetConsoleMode(HandleOf(descriptor), mode | kVirtualTerminal) != 0;
 }
 
-int TerminalWidth(int descriptor) noexcept {
-  CONSOLE_SCREEN_BUFFER_INFO info{};
-  if (GetConsoleScreenBufferInfo(HandleOf(descriptor), &info) == 0) return 0;
-  return info.srWindow.Right - info.srWindow.Left + 1;
-}
-
 void RemoveOnInterrupt(const std::string& name, int descriptor) noexcept {
   g_descriptor = descriptor;
   const std::wstring wide = WideName(name);

@@ -50,10 +50,15 @@ int OpenToWrite(const std::string& name) noexcept { return OpenWith(name, _O_WRO
 int CreateNew(const std::string& name) noexcept { return OpenWith(name, _O_WRONLY | _O_CREAT | _O_EXCL); }
 
 int CreateNameless() noexcept {
-  std::FILE* file = std::tmpfile();
-  if (file == nullptr) return kNoDescriptor;
-  const int descriptor = _dup(_fileno(file));
-  std::fclose(file);
+  wchar_t folder[MAX_PATH + 1] = {};
+  wchar_t name[MAX_PATH + 1] = {};
+  if (GetTempPathW(MAX_PATH, folder) == 0 || GetTempFileNameW(folder, L"hal", 0, name) == 0) {
+    errno = EACCES;
+    return kNoDescriptor;
+  }
+  int descriptor = kNoDescriptor;
+  _wsopen_s(&descriptor, name, _O_RDWR | _O_TRUNC | _O_TEMPORARY | _O_BINARY | _O_NOINHERIT, _SH_DENYRW,
+            _S_IREAD | _S_IWRITE);
   return descriptor;
 }
 
