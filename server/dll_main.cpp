@@ -1,6 +1,4 @@
 // The entry points of halyard.dll.
-#include <optional>
-
 #include "object/boundary.h"
 #include "object/module_lock.h"
 #include "server/module.h"
@@ -8,8 +6,9 @@
 
 namespace {
 
-// Alive from the DLL's loading to its unloading.
-std::optional<halyard::Module> g_module;
+// Alive from the DLL's loading to its unloading. When the process ends it is left to the
+// system: other threads were stopped wherever they were, and other DLLs may be gone.
+halyard::Module* g_module = nullptr;
 
 constexpr const char* kModuleName = "Module";
 
@@ -17,14 +16,14 @@ constexpr const char* kModuleName = "Module";
 
 extern "C" {
 
-BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void*) {
+BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void* process_ends) {
   switch (reason) {
     case DLL_PROCESS_ATTACH:
-      g_module.emplace(instance);
+      g_module = new halyard::Module(instance);
       DisableThreadLibraryCalls(instance);
       break;
     case DLL_PROCESS_DETACH:
-      g_module.reset();
+      if (process_ends == nullptr) delete g_module;
       break;
     default:
       break;

@@ -13,8 +13,7 @@ show_lines() {
 }
 
 registered_suites() {
-  if ! logged register "${in_wine[@]}" timeout 60 wine regsvr32 /s "$(windows_path build/win64/halyard.dll)"; then
-    complain "the component cannot be registered"
+  if ! register_component; then
     broken_suite "win64 registration"
     return
   fi
@@ -24,14 +23,11 @@ registered_suites() {
   if build_preset native halyard_exchange halyard_differential; then
     counting_suite "files of both platforms" "${in_wine[@]}" tests/exchange/run.sh \
       build/native/tests/exchange/halyard_exchange "$windows_programs/exchange/halyard_exchange.exe"
-    counting_suite "random programs on both platforms" "${in_wine[@]}" tests/differential/run.sh \
-      build/native/tests/differential/halyard_differential \
-      "$windows_programs/differential/halyard_differential.exe"
+    differential_suite
   else
     broken_suite "files of both platforms"
   fi
-  logged unregister "${in_wine[@]}" timeout 60 wine regsvr32 /s /u "$(windows_path build/win64/halyard.dll)" ||
-    broken_suite "win64 unregistration"
+  unregister_component || broken_suite "win64 unregistration"
 }
 
 server_suites() {

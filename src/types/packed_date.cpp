@@ -1,6 +1,7 @@
 #include "types/packed_date.h"
 
 #include <bit>
+#include <cmath>
 
 #include "halyard/object/error.h"
 
@@ -37,7 +38,8 @@ DATE DateFromPacked(const PackedDate& packed) noexcept {
 
 PackedDate PackedFromDate(DATE date) {
   SYSTEMTIME time{};
-  if (!VariantTimeToSystemTime(date, &time)) {
+  // What is no number passes the range checks of some platforms.
+  if (std::isnan(date) || !VariantTimeToSystemTime(date, &time)) {
     throw Error(DISP_E_OVERFLOW, "the date is outside the years 100 to 9999");
   }
   PackedDate packed{};

@@ -81,5 +81,27 @@ TEST_F(LateWalks, SkipsResetsAndClonesAWalk) {
   EXPECT_EQ(items->Clone(nullptr), E_POINTER);
 }
 
+// A slot that was given an object without a value is empty, which a walk cannot pass.
+TEST_F(LateWalks, FailureOnTheWayLeavesNothingBehind) {
+  const auto help = CreateObject<IOrmHelp>(kOrmHelpClass);
+  const auto point = DepthAndLabel();
+  const auto array = QueryFor<IValueBase>(
+      Get(help, &IOrmHelp::CreateArray, Variant(static_cast<IDispatch*>(point.get())).get()).get());
+  ASSERT_TRUE(array);
+  for (int i = 0; i < 2; ++i)
+    ASSERT_EQ(array->Add(Variant(static_cast<IDispatch*>(NewValue(point).get())).get()), S_OK);
+  ASSERT_EQ(array->put_Item(I4(1).get(), Variant(static_cast<IDispatch*>(point.get())).get()), S_OK);
+  const LateOutcome outcome = Invoke(array.get(), DISPID_NEWENUM, kCall);
+  const auto items = QueryFor<IEnumVARIANT>(outcome.result->punkVal);
+  VARIANT both[2] = {};
+  ULONG fetched = 7;
+  EXPECT_EQ(items->Next(2, both, &fetched), E_POINTER);
+  EXPECT_EQ(fetched, 0u);
+  EXPECT_EQ(both[0].vt, VT_EMPTY);
+  Variant item;
+  EXPECT_EQ(items->Next(1, item.Out(), nullptr), S_OK);
+  EXPECT_EQ(items->Next(1, item.Out(), nullptr), E_POINTER);
+}
+
 }  // namespace
 }  // namespace halyard::test

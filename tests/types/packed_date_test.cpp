@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <limits>
 #include <string>
 
 #include "halyard/object/error.h"
@@ -77,7 +78,7 @@ TEST(PackedDate, WritesNoHundredths) {
 }
 
 TEST(PackedDate, DatesOutsideTheCalendarOverflow) {
-  for (const DATE date : {-657435.0, 2958466.0, 1e300}) {
+  for (const DATE date : {-657435.0, 2958466.0, 1e300, std::numeric_limits<DATE>::quiet_NaN()}) {
     try {
       static_cast<void>(PackedFromDate(date));
       ADD_FAILURE() << date << " was packed";

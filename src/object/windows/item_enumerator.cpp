@@ -66,9 +66,11 @@ class ItemEnumerator final : public IEnumVARIANT {
     return left;
   }
 
-  // Gives up to celt items, which the caller clears; S_FALSE when there were fewer.
+  // Gives up to celt items, which the caller clears; S_FALSE when there were fewer. After
+  // a failure there are none, and the walk stands where it stood.
   HRESULT STDMETHODCALLTYPE Next(ULONG celt, VARIANT* rgVar, ULONG* pCeltFetched) override {
     ULONG fetched = 0;
+    const LONG start = position_;
     const HRESULT hr = Guarded(kClassName, "Next", [&] {
       Out(rgVar);
       while (fetched != celt && position_ < Count()) {
@@ -79,6 +81,10 @@ class ItemEnumerator final : public IEnumVARIANT {
       }
       return fetched == celt ? S_OK : S_FALSE;
     });
+    if (FAILED(hr)) {
+      while (fetched != 0) VariantClear(&rgVar[--fetched]);
+      position_ = start;
+    }
     if (pCeltFetched != nullptr) *pCeltFetched = fetched;
     return hr;
   }

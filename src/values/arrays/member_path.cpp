@@ -37,6 +37,12 @@ constexpr LONG kNoMember = -1;
 
 using Definition = Ptr<IValueDefBase>;
 
+// A member that the path names, kNoMember where the structure lacks it.
+struct NamedMember {
+  std::string name;
+  LONG position;
+};
+
 SHORT TypeOf(const Definition& definition) {
   SHORT type = kInvalid;
   Check(definition->get_Type(&type), definition);
@@ -122,34 +128,36 @@ class PathParser {
   bool WalkName(std::size_t next, const Definition& definition) {
     const Ptr<IStructureDef> structure = AsStructure(definition);
     if (!structure) return Fail(PathFault::kNoStructure);
-    std::vector<LONG> positions{FindMember(structure, parts_[next].names.front())};
+    const std::string& name = parts_[next].names.front();
+    std::vector<NamedMember> members{{name, FindMember(structure, name)}};
     const bool has_list = next + 1 < parts_.size() && parts_[next + 1].kind == PathPart::Kind::kNames;
-    if (has_list && !FindListed(parts_[next + 1], structure, positions)) return false;
-    if (positions.front() == kNoMember) return Fail(PathFault::kMemberName);
-    last_name_ = parts_[next].names.front();
-    return WalkMembers(next + (has_list ? 2 : 1), structure, positions);
+    if (has_list && !FindListed(parts_[next + 1], structure, members)) return false;
+    if (members.front().position == kNoMember) return Fail(PathFault::kMemberName);
+    return WalkMembers(next + (has_list ? 2 : 1), structure, members);
   }
 
   bool WalkNames(std::size_t next, const Definition& definition) {
     const Ptr<IStructureDef> structure = AsStructure(definition);
     if (!structure) return Fail(PathFault::kNoStructure);
-    std::vector<LONG> positions;
-    return FindListed(parts_[next], structure, positions) && WalkMembers(next + 1, structure, positions);
+    std::vector<NamedMember> members;
+    return FindListed(parts_[next], structure, members) && WalkMembers(next + 1, structure, members);
   }
 
-  bool FindListed(const PathPart& list, const Ptr<IStructureDef>& structure, std::vector<LONG>& positions) {
+  bool FindListed(const PathPart& list, const Ptr<IStructureDef>& structure,
+                  std::vector<NamedMember>& members) {
     for (const std::string& name : list.names) {
-      positions.push_back(FindMember(structure, name));
-      if (positions.back() == kNoMember) return Fail(PathFault::kListedName, name);
+      members.push_back({name, FindMember(structure, name)});
+      if (members.back().position == kNoMember) return Fail(PathFault::kListedName, name);
     }
     return true;
   }
 
   bool WalkMembers(std::size_t next, const Ptr<IStructureDef>& structure,
-                   const std::vector<LONG>& positions) {
-    for (const LONG position : positions) {
-      way_.push_back({PathStep::Kind::kMember, position});
-      if (!Walk(next, MemberOf(structure, position))) return false;
+                   const std::vector<NamedMember>& members) {
+    for (const NamedMember& member : members) {
+      last_name_ = member.name;
+      way_.push_back({PathStep::Kind::kMember, member.position});
+      if (!Walk(next, MemberOf(structure, member.position))) return false;
       way_.pop_back();
     }
     return true;

@@ -164,6 +164,12 @@ TEST(MemberPath, EachFaultHasItsMessage) {
   EXPECT_EQ(PathFaultText(PathFault::kIndexOutOfRange, "", ""), "Index out of range");
 }
 
+TEST(MemberPath, IndexBehindAListBlamesTheListedMember) {
+  EXPECT_EQ(InRecord("samples[a][0]"), "Invalild array a(type Byte)");
+  EXPECT_EQ(InRecord("samples[samples,b][0]"), "Invalild array b(type Real)");
+  EXPECT_EQ(InRecord("[0][samples,b][0]"), "Invalild array b(type Real)");
+}
+
 TEST(MemberPath, PlacesOfAMessageInsideANameStayAsTheyAre) {
   EXPECT_EQ(PathFaultText(PathFault::kNoArray, "%s", "Long"), "Invalild array %s(type Long)");
 }
