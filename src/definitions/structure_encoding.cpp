@@ -80,7 +80,7 @@ bool StructureInfo::Decode(ReadCursor& cursor) {
   std::uint16_t count = 0;
   if (level.TooDeep() || !identity_.Decode(cursor) || !cursor.Take(count)) return false;
   CutMembers(count);
-  announced_ = count;
+  layout_.announced = count;
   if (!cursor.Take(layout_.data_size)) return false;
   for (std::size_t i = 0; i < count; ++i) {
     if (!DecodeMember(cursor, i)) return false;
@@ -97,6 +97,7 @@ bool StructureInfo::DecodeMember(ReadCursor& cursor, std::size_t position) {
   std::uint16_t size = 0;  // follows from the definition; not looked at
   if (!TakeText(cursor, name)) return false;
   Reached(position).name = std::move(name);
+  layout_.ForgetNames();
   if (!TakeText(cursor, caption)) return false;
   Reached(position).caption = std::move(caption);
   if (!cursor.Take(can_be_null)) return false;
@@ -121,6 +122,7 @@ void StructureInfo::CutMembers(std::size_t count) {
   const std::vector<MemberLayout> surplus(std::make_move_iterator(first),
                                           std::make_move_iterator(layout_.members.end()));
   layout_.members.resize(count);
+  layout_.ForgetNames();
 }
 
 }  // namespace halyard

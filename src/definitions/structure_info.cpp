@@ -72,7 +72,7 @@ class MemberPlacer {
 
 HRESULT StructureInfo::get_Count(LONG* pnCount) {
   return Call("Count",
-              [&] { Out(pnCount) = static_cast<LONG>(std::max(layout_.members.size(), announced_)); });
+              [&] { Out(pnCount) = static_cast<LONG>(std::max(layout_.members.size(), layout_.announced)); });
 }
 
 HRESULT StructureInfo::get_DataSize(ULONG* pdwSize) {
@@ -105,7 +105,10 @@ HRESULT StructureInfo::get_MemberName(LONG nIndex, BSTR* psName) {
 }
 
 HRESULT StructureInfo::put_MemberName(LONG nIndex, BSTR sName) {
-  return Call("MemberName", [&] { MemberAt(nIndex).name.Set(sName); });
+  return Call("MemberName", [&] {
+    MemberAt(nIndex).name.Set(sName);
+    layout_.ForgetNames();
+  });
 }
 
 HRESULT StructureInfo::get_Members(VARIANT vIndex, IValueDefBase** ppDef) {
@@ -161,12 +164,14 @@ HRESULT StructureInfo::Remove(VARIANT vIndex) {
     // Held until the table is whole again: a member's end may look at it.
     const Ptr<IValueDefBase> definition = std::move(member->definition);
     members.erase(members.begin() + (member - members.data()));
+    layout_.ForgetNames();
   });
 }
 
 HRESULT StructureInfo::RemoveAll() {
   // Emptied before the members go, so that a member's end finds a whole definition.
-  announced_ = 0;
+  layout_.announced = 0;
+  layout_.ForgetNames();
   const std::vector<MemberLayout> old = std::exchange(layout_.members, {});
   return S_OK;
 }
@@ -253,12 +258,6 @@ void StructureInfo::CalculateLayout() {
     if (layout.members[i].size == 0) layout.fixed = false;
     layout.data_size = static_cast<std::uint16_t>(layout.data_size + measure.size);
   }
-}
-
-StructureLayout& StructureInfo::Whole() {
-  if (announced_ > layout_.members.size()) layout_.members.resize(announced_);
-  announced_ = 0;
-  return layout_;
 }
 
 }  // namespace halyard

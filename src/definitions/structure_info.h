@@ -38,7 +38,7 @@ class StructureInfo : public CompositeDefinition<StructureInfo, IStructureInfo, 
   HRESULT STDMETHODCALLTYPE AddSimpleArrayMember(BSTR sName, SHORT DataType, LONG nElemCount,
                                                  VARIANT_BOOL* pbResult) override;
 
-  const StructureLayout& Layout() override { return Whole(); }
+  StructureLayout& Layout() override { return layout_; }
 
   [[nodiscard]] bool Decode(ReadCursor& cursor);
   [[nodiscard]] bool Encode(WriteCursor& cursor);
@@ -63,14 +63,9 @@ class StructureInfo : public CompositeDefinition<StructureInfo, IStructureInfo, 
   // Takes the members from position `count` on out of the table.
   void CutMembers(std::size_t count);
 
-  // The table with all its members. Everything but the reader works on it.
-  StructureLayout& Whole();
+  StructureLayout& Whole() { return layout_.Whole(); }
 
   StructureLayout layout_;
-
-  // How many members a broken encoding announced. They exist for whoever asks, but take
-  // no memory before: a few bytes could announce many.
-  std::size_t announced_ = 0;
 };
 
 }  // namespace halyard

@@ -1,5 +1,7 @@
 #include "definitions/structure_layout.h"
 
+#include <new>
+
 #include "platform/text.h"
 
 namespace halyard {
@@ -12,10 +14,29 @@ WideView ToZero(WideView text) noexcept { return text.substr(0, text.find(OLECHA
 }  // namespace
 
 LONG StructureLayout::Find(WideView name) const noexcept {
+  if (names_.size() < members.size() && !LearnNames()) return Search(name);
+  return names_.Find(name);
+}
+
+bool StructureLayout::LearnNames() const noexcept {
+  try {
+    while (names_.size() < members.size()) names_.Add(members[names_.size()].name.View());
+    return true;
+  } catch (const std::bad_alloc&) {
+    return false;
+  }
+}
+
+LONG StructureLayout::Search(WideView name) const noexcept {
   for (std::size_t i = 0; i < members.size(); ++i) {
     if (EqualIgnoringCase(ToZero(members[i].name.View()), ToZero(name))) return static_cast<LONG>(i);
   }
   return -1;
+}
+
+void StructureLayout::MakeAnnounced() {
+  if (announced > members.size()) members.resize(announced);
+  announced = 0;
 }
 
 }  // namespace halyard

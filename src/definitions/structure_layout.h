@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "definitions/name_index.h"
 #include "halyard/definitions/value_def_base.h"
 #include "halyard/object/ptr.h"
 #include "object/optional_text.h"
@@ -37,7 +38,13 @@ struct MemberLayout {
 };
 
 struct StructureLayout {
+  // Whoever changes names or takes members out must call ForgetNames; members that are
+  // added at the end need no word.
   std::vector<MemberLayout> members;
+
+  // How many members a broken encoding announced. They exist for whoever asks, but take
+  // no memory before: a few bytes could announce many.
+  std::size_t announced = 0;
 
   // The sum of the members' sizes as last calculated, cut to 16 bits.
   std::uint16_t data_size = 0;
@@ -45,8 +52,17 @@ struct StructureLayout {
   // Whether every member had a fixed place when last calculated.
   bool fixed = false;
 
+  // The table with all its members. Everything but the reader works on it.
+  StructureLayout& Whole() {
+    if (announced != 0) [[unlikely]]
+      MakeAnnounced();
+    return *this;
+  }
+
   // The position of the first member of that name, letter case ignored; -1 for none.
   [[nodiscard]] LONG Find(WideView name) const noexcept;
+
+  void ForgetNames() const noexcept { names_.Forget(); }
 
   // The member at a position; null outside the table.
   [[nodiscard]] const MemberLayout* At(LONG position) const noexcept {
@@ -54,6 +70,18 @@ struct StructureLayout {
                ? &members[static_cast<std::size_t>(position)]
                : nullptr;
   }
+
+ private:
+  void MakeAnnounced();
+
+  // Brings the index up to the members; false where there is no memory for it.
+  [[nodiscard]] bool LearnNames() const noexcept;
+
+  // The same as Find, without the index.
+  [[nodiscard]] LONG Search(WideView name) const noexcept;
+
+  // Knows the first members, and learns of the others when a name is looked up.
+  mutable NameIndex names_;
 };
 
 // Answered by the structure definitions of this library only, and only inside it.
@@ -61,8 +89,8 @@ struct IStructureLayoutSource : IUnknown {
   using Base = IUnknown;
   static constexpr IID kIid = {0x14C23850, 0x56BC, 0x43D8, {0xA0, 0x1F, 0xC2, 0xCB, 0x24, 0xB4, 0x9F, 0xC0}};
 
-  // The table; it lives as long as the definition.
-  virtual const StructureLayout& Layout() = 0;
+  // The table; it lives as long as the definition, in one place.
+  virtual StructureLayout& Layout() = 0;
 };
 
 }  // namespace halyard

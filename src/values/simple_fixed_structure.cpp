@@ -6,16 +6,18 @@ namespace halyard {
 
 HRESULT SimpleFixedStructure::get_Item(VARIANT vIndex, VARIANT* pvValue) {
   return Call("Item", [&] {
-    Out(pvValue) = Variant().Detach();
+    Out(pvValue) = VARIANT{};
     const MemberLayout* member = type_.Find(vIndex);
-    if (member != nullptr && member->size == 0) {
-      *pvValue = Variant(WideView()).Detach();
-    } else if (member != nullptr && block_.Holds(*member)) {
-      *pvValue = block_.Read(*member).Detach();
+    if (member != nullptr && block_.Holds(*member)) {
+      block_.Read(*member, *pvValue);
     } else {
-      *pvValue = Variant::Null().Detach();
+      *pvValue = ItemWithoutField(member);
     }
   });
+}
+
+VARIANT SimpleFixedStructure::ItemWithoutField(const MemberLayout* member) {
+  return member != nullptr && member->size == 0 ? Variant(WideView()).Detach() : Variant::Null().Detach();
 }
 
 HRESULT SimpleFixedStructure::put_Item(VARIANT vIndex, VARIANT vValue) {

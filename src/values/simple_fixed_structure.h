@@ -24,6 +24,9 @@ class SimpleFixedStructure : public StructureObject<SimpleFixedStructure, ISimpl
   [[nodiscard]] bool Encode(WriteCursor& cursor);
 
  private:
+  // What a member answers that has no field in the block, and no member.
+  static VARIANT ItemWithoutField(const MemberLayout* member);
+
   // The block, where it is as large as the definition says by now.
   [[nodiscard]] bool BlockIsWhole() const { return block_.size() == type_.layout().data_size; }
 };

@@ -22,16 +22,13 @@ Ptr<IValueBase> NewMember(const MemberLayout& member) {
 
 HRESULT Structure::get_Item(VARIANT vIndex, VARIANT* pvValue) {
   return Call("Item", [&] {
-    Out(pvValue) = Variant().Detach();
+    Out(pvValue) = VARIANT{};
     const MemberLayout* member = type_.Find(vIndex);
-    Variant value = Variant::Null();
-    if (member != nullptr && member->size != 0) {
-      if (block_.Holds(*member)) value = block_.Read(*member);
-    } else if (member != nullptr) {
-      const Ptr<IValueBase> object = ObjectOf(*member);
-      if (object) Check(object->get_Value(value.Out()), object);
+    if (member != nullptr && block_.Holds(*member)) {
+      block_.Read(*member, *pvValue);
+    } else {
+      *pvValue = ItemOfObject(member).Detach();
     }
-    *pvValue = value.Detach();
   });
 }
 
@@ -125,6 +122,14 @@ void Structure::PutObjectMember(const MemberLayout& member, const VARIANT& value
     const Ptr<IValueBase> object = Require(*slot, "a member's definition made no value");
     Check(object->put_Value(value), object);
   }
+}
+
+Variant Structure::ItemOfObject(const MemberLayout* member) {
+  Variant value = Variant::Null();
+  if (member == nullptr || member->size != 0) return value;
+  const Ptr<IValueBase> object = ObjectOf(*member);
+  if (object) Check(object->get_Value(value.Out()), object);
+  return value;
 }
 
 ULONG Structure::MemberPacketSize(const MemberLayout& member) {

@@ -36,6 +36,9 @@ class Structure : public StructureObject<Structure, IStructure> {
   // The object of a member that must not be null; raises E_POINTER.
   Ptr<IValueBase> RequiredObjectOf(const MemberLayout& member);
 
+  // The value of the object of a member: null for a null member and for no member.
+  Variant ItemOfObject(const MemberLayout* member);
+
   void PutObjectMember(const MemberLayout& member, const VARIANT& value);
   [[nodiscard]] bool DecodeMember(ReadCursor& cursor, const MemberLayout& member);
   [[nodiscard]] bool EncodeMember(WriteCursor& cursor, const MemberLayout& member);

@@ -1,26 +1,31 @@
 // StructureBlock: the fixed members of one structure value as raw bytes.
 //
-// Memory is taken when a field is first touched: a stranger's definition can ask for
-// many large blocks, but only those that its data fills are ever made.
+// A small block lies in the object itself. Memory for a larger one is taken when a field
+// is first touched: a stranger's definition can ask for many large blocks, but only
+// those that its data fills are ever made.
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <cstring>
+#include <memory>
 #include <span>
-#include <vector>
 
 #include "definitions/structure_layout.h"
 #include "halyard/object/variant.h"
 #include "types/elementary.h"
+#include "types/number_fields.h"
 
 namespace halyard {
 
 class StructureBlock {
  public:
+  StructureBlock() noexcept = default;
+  StructureBlock& operator=(const StructureBlock& other);
+  StructureBlock(const StructureBlock&) = delete;
+
   // A block of `size` zeros.
-  void Resize(std::uint16_t size) noexcept {
-    bytes_.clear();
-    size_ = size;
-  }
+  void Resize(std::uint16_t size) noexcept;
 
   [[nodiscard]] std::uint16_t size() const noexcept { return size_; }
 
@@ -30,27 +35,45 @@ class StructureBlock {
   }
 
   // The whole block. Throws std::bad_alloc.
-  [[nodiscard]] std::span<unsigned char> bytes();
+  [[nodiscard]] std::span<unsigned char> bytes() {
+    if (bytes_ == nullptr) [[unlikely]]
+      MakeFar();
+    return {bytes_, size_};
+  }
 
   // The field of a member that the block holds.
   [[nodiscard]] std::span<unsigned char> Field(const MemberLayout& member) {
     return bytes().subspan(member.offset, member.size);
   }
 
-  // The content of the field of a member that the block holds; the empty text for types
-  // that have no conversion. The text of a full FixedString goes on into the fields
-  // behind it.
-  Variant Read(const MemberLayout& member);
+  // Makes `fresh`, which is empty and new, hold the content of the field of a member
+  // that the block holds; the empty text for types that have no conversion. The text of
+  // a full FixedString goes on into the fields behind it.
+  void Read(const MemberLayout& member, VARIANT& fresh) {
+    const unsigned char* field = bytes().data() + member.offset;
+    if (!LoadNumber(field, static_cast<SHORT>(member.type), fresh)) ReadOther(member, fresh);
+  }
 
   // Stores the value, converted, in the field of a member that the block holds; raises
   // what the conversion raises.
-  void Write(const MemberLayout& member, const VARIANT& value);
+  void Write(const MemberLayout& member, const VARIANT& value) {
+    unsigned char* field = bytes().data() + member.offset;
+    if (!StoreNumber(value, static_cast<SHORT>(member.type), field)) WriteOther(member, value);
+  }
 
  private:
   // Behind the block lie spare bytes, because an Int64 is stored in 8 bytes although it
-  // counts 4. Empty until the block is touched.
-  std::vector<unsigned char> bytes_;
+  // counts 4.
+  static constexpr std::size_t kNearBytes = 40;
+
+  void MakeFar();
+  void ReadOther(const MemberLayout& member, VARIANT& fresh);
+  void WriteOther(const MemberLayout& member, const VARIANT& value);
+
+  unsigned char* bytes_ = near_.data();  // null while a large block has no memory
   std::uint16_t size_ = 0;
+  std::array<unsigned char, kNearBytes + kWidestElementary> near_{};
+  std::unique_ptr<unsigned char[]> far_;
 };
 
 }  // namespace halyard

@@ -9,16 +9,18 @@ void StructureType::Take(IValueDefBase* definition) {
   source_ = QueryFor<IStructureLayoutSource>(definition);
   if (!definition_ || !source_)
     throw Error(E_INVALIDARG, "the object is no structure definition of this library");
+  table_ = &source_->Layout();
 }
 
 void StructureType::Drop() noexcept {
+  table_ = nullptr;
   source_.Reset();
   definition_.Reset();
 }
 
-const StructureLayout& StructureType::layout() const {
+const StructureLayout& StructureType::NoMembers() noexcept {
   static const StructureLayout kNoMembers;
-  return source_ ? source_->Layout() : kNoMembers;
+  return kNoMembers;
 }
 
 Ptr<IValueDefBase> StructureType::Definition() const {
@@ -32,7 +34,7 @@ SHORT StructureType::Id() const {
   return id;
 }
 
-const MemberLayout* StructureType::Find(const VARIANT& index) const {
+const MemberLayout* StructureType::FindOther(const VARIANT& index) const {
   const StructureLayout& table = layout();
   if (index.vt == VT_BSTR) return table.At(table.Find(ViewOf(index.bstrVal)));
   return table.At(Variant::Converted(index, VT_I4)->lVal);

@@ -14,7 +14,12 @@ class StructureType {
   void Drop() noexcept;
 
   [[nodiscard]] explicit operator bool() const noexcept { return static_cast<bool>(definition_); }
-  [[nodiscard]] const StructureLayout& layout() const;
+
+  // The member table as it is at the moment; one without members where there is no
+  // definition.
+  [[nodiscard]] const StructureLayout& layout() const {
+    return table_ != nullptr ? table_->Whole() : NoMembers();
+  }
 
   // The definition with a reference, and its id. Both raise E_POINTER without one.
   [[nodiscard]] Ptr<IValueDefBase> Definition() const;
@@ -22,11 +27,24 @@ class StructureType {
 
   // The member that a client's index means, null for none: a name, or a position.
   // Raises what the conversion of the index raises.
-  [[nodiscard]] const MemberLayout* Find(const VARIANT& index) const;
+  [[nodiscard]] const MemberLayout* Find(const VARIANT& index) const {
+    switch (index.vt) {
+      case VT_I4:
+        return layout().At(index.lVal);
+      case VT_I2:
+        return layout().At(index.iVal);
+      default:
+        return FindOther(index);
+    }
+  }
 
  private:
+  static const StructureLayout& NoMembers() noexcept;
+  [[nodiscard]] const MemberLayout* FindOther(const VARIANT& index) const;
+
   Ptr<IStructureDef> definition_;
   Ptr<IStructureLayoutSource> source_;
+  StructureLayout* table_ = nullptr;  // of source_
 };
 
 }  // namespace halyard

@@ -1,0 +1,100 @@
+// The quick way between number fields and variants: for a number that a field of its
+// type takes as it is. It allocates nothing, raises nothing and answers exactly what
+// the general conversion (types/elementary.h) answers; whatever it does not know is
+// left to that one.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+#include "halyard/platform/automation.h"
+#include "halyard/types/type_codes.h"
+
+namespace halyard {
+
+namespace detail {
+
+template <class N>
+N LoadField(const unsigned char* bytes) noexcept {
+  N value;
+  std::memcpy(&value, bytes, sizeof value);
+  return value;
+}
+
+template <class N>
+bool StoreField(unsigned char* bytes, N value) noexcept {
+  std::memcpy(bytes, &value, sizeof value);
+  return true;
+}
+
+// Tag and content of a number as two stores of 8 bytes: processors hand such stores on
+// to whoever reads the variant next, which they do not for smaller ones.
+inline bool Fill(VARIANT& fresh, VARTYPE type, std::uint64_t content) noexcept {
+  const std::uint64_t tag = type;
+  static_assert(offsetof(VARIANT, llVal) == sizeof tag);
+  std::memcpy(static_cast<void*>(&fresh), &tag, sizeof tag);
+  std::memcpy(&fresh.llVal, &content, sizeof content);
+  return true;
+}
+
+}  // namespace detail
+
+// Makes `fresh`, which is empty and new, hold the number of a field as a new variant
+// holds it; false, and nothing changed, for types that are no number type.
+inline bool LoadNumber(const unsigned char* field, SHORT type, VARIANT& fresh) noexcept {
+  switch (type) {
+    case kChar:
+    case kByte:
+      return detail::Fill(fresh, VT_UI1, *field);
+    case kShort:
+    case kWord:
+      return detail::Fill(fresh, VT_I2, detail::LoadField<std::uint16_t>(field));
+    case kLong:
+    case kDWord:
+    case kInt64:
+      return detail::Fill(fresh, VT_I4, detail::LoadField<std::uint32_t>(field));
+    case kShortReal:
+      return detail::Fill(fresh, VT_R4, detail::LoadField<std::uint32_t>(field));
+    case kReal:
+      return detail::Fill(fresh, VT_R8, detail::LoadField<std::uint64_t>(field));
+    default:
+      return false;
+  }
+}
+
+// Stores a number of another type, where the field's type holds that very number.
+bool StoreOtherNumber(const VARIANT& value, SHORT type, unsigned char* field) noexcept;
+
+// Stores a number in a field; false, and nothing stored, where the type is no number
+// type or the value is no number of it.
+inline bool StoreNumber(const VARIANT& value, SHORT type, unsigned char* field) noexcept {
+  switch (type) {
+    case kChar:
+    case kByte:
+      if (value.vt == VT_UI1) return detail::StoreField(field, value.bVal);
+      break;
+    case kShort:
+    case kWord:
+      if (value.vt == VT_I2) return detail::StoreField(field, value.iVal);
+      break;
+    case kLong:
+    case kDWord:
+      if (value.vt == VT_I4) return detail::StoreField(field, value.lVal);
+      break;
+    case kInt64:
+      if (value.vt == VT_I4) return detail::StoreField(field, std::int64_t{value.lVal});
+      break;
+    case kShortReal:
+      if (value.vt == VT_R4) return detail::StoreField(field, value.fltVal);
+      break;
+    case kReal:
+      if (value.vt == VT_R8) return detail::StoreField(field, value.dblVal);
+      break;
+    default:
+      return false;
+  }
+  return StoreOtherNumber(value, type, field);
+}
+
+}  // namespace halyard
