@@ -25,7 +25,8 @@ show_errors() {
 # The kits that a preset is built with.
 need_preset() {
   case "$1" in
-    native | native-asan | bench) need native ;;
+    native | native-asan) need native ;;
+    bench) need bench ;;
     fuzz) need native clang ;;
     win32 | win64) need windows-build ;;
     *)

@@ -1,0 +1,65 @@
+#!/usr/bin/env python3
+"""Prints one table for each workload of a run: python3 tables.py [--markdown] RESULT.json...
+
+Minimum and median are over the repetitions; ratios are those of the minima to the limit's.
+Ends with status 1 where a participant failed.
+"""
+
+import sys
+
+import results
+import workloads
+
+HEADINGS = ["task", "participant", "minimum, ms", "median, ms", "ns a {unit}", "of the limit"]
+
+
+def rows_of(workload, tasks):
+    rows = []
+    for (name, task), figures in tasks.items():
+        if name != workload:
+            continue
+        for one in figures:
+            ratio = results.ratio(one, figures)
+            rows.append([
+                task if one is figures[0] else "",
+                one.participant,
+                f"{one.minimum:,.2f}",
+                f"{one.median:,.2f}",
+                f"{one.nanoseconds_a_unit:,.2f}",
+                "" if ratio is None else f"{ratio:.2f}",
+            ])
+    return rows
+
+
+def plain(headings, rows):
+    widths = [max(len(row[i]) for row in [headings] + rows) for i in range(len(headings))]
+    for row in [headings] + rows:
+        cells = [row[i].ljust(widths[i]) if i < 2 else row[i].rjust(widths[i]) for i in range(len(row))]
+        print("  " + "  ".join(cells).rstrip())
+
+
+def markdown(headings, rows):
+    print("| " + " | ".join(headings) + " |")
+    print("|---|---|" + "---:|" * (len(headings) - 2))
+    for row in rows:
+        print("| " + " | ".join(row) + " |")
+
+
+def main(arguments):
+    as_markdown = "--markdown" in arguments
+    paths = [argument for argument in arguments if not argument.startswith("--")]
+    tasks = results.tasks_of(results.read(paths))
+    for workload in sorted({name for name, _ in tasks}):
+        headings = [heading.format(unit=workloads.UNITS[workload]) for heading in HEADINGS]
+        print(f"{'### ' if as_markdown else ''}{workload}: {workloads.TITLES[workload]}")
+        print(f"\nLimit: {workloads.LIMITS[workload]}.\n" if as_markdown else f"  limit: {workloads.LIMITS[workload]}")
+        (markdown if as_markdown else plain)(headings, rows_of(workload, tasks))
+        print()
+
+
+if __name__ == "__main__":
+    try:
+        main(sys.argv[1:])
+    except results.Failed as failure:
+        print(f"bench: {failure}", file=sys.stderr)
+        sys.exit(1)

@@ -1,0 +1,73 @@
+// Small helpers of the library's side: automation values without an owner where they own
+// nothing, names, and files.
+//
+// The measured loops use VARIANT itself for numbers: a number owns nothing, so a client
+// that counts nanoseconds needs no object that clears it.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "halyard/halyard.h"
+
+namespace bench {
+
+// Numbers and positions as automation values; nothing has to be cleared.
+inline VARIANT Number(LONG value) {
+  VARIANT result;
+  result.vt = VT_I4;
+  result.lVal = value;
+  return result;
+}
+inline VARIANT Number(SHORT value) {
+  VARIANT result;
+  result.vt = VT_I2;
+  result.iVal = value;
+  return result;
+}
+inline VARIANT Number(BYTE value) {
+  VARIANT result;
+  result.vt = VT_UI1;
+  result.bVal = value;
+  return result;
+}
+inline VARIANT Number(float value) {
+  VARIANT result;
+  result.vt = VT_R4;
+  result.fltVal = value;
+  return result;
+}
+inline VARIANT Number(double value) {
+  VARIANT result;
+  result.vt = VT_R8;
+  result.dblVal = value;
+  return result;
+}
+inline VARIANT Position(LONG position) { return Number(position); }
+
+// A text of ASCII characters as the library takes it.
+halyard::Bstr Name(std::string_view ascii);
+halyard::Variant TextValue(std::string_view ascii);
+
+// A new structure definition with that id, without members.
+halyard::Ptr<halyard::IStructureDef> NewStructure(SHORT id);
+
+// Adds a member of an elementary type.
+void AddMember(const halyard::Ptr<halyard::IStructureDef>& definition, std::string_view name,
+               halyard::TypeCode type);
+
+// Works out the layout of a definition, after its last change.
+void Calculate(const halyard::Ptr<halyard::IValueDefBase>& definition);
+
+// A new value of the definition.
+halyard::Ptr<halyard::IValueBase> NewValue(const halyard::Ptr<halyard::IValueDefBase>& definition);
+
+// Opens a file of units; throws where that fails. Writing begins with the definition.
+halyard::Ptr<halyard::IOrmFile> NewFile(const std::string& path,
+                                        const halyard::Ptr<halyard::IValueDefBase>& definition);
+halyard::Ptr<halyard::IOrmFile> OpenFile(const std::string& path);
+
+// The value of the next record; throws where there is none.
+halyard::Ptr<halyard::IValueBase> ReadValue(const halyard::Ptr<halyard::IOrmFile>& file);
+
+}  // namespace bench
