@@ -1,5 +1,7 @@
 #include "records/limit.h"
 
+#include <new>
+
 #include "support/buffered_file.h"
 #include "support/demand.h"
 
@@ -9,20 +11,17 @@ namespace {
 // A unit's words in front of each record of the library's files: length, kind, type, id.
 constexpr std::size_t kFrameSize = 10;
 
-Sounding SoundingFrom(const char* place) {
-  Sounding one;
-  std::memcpy(&one, place, sizeof one);
-  return one;
-}
+// The record that lies at a place of a buffer. Packed structs may lie anywhere; copying one
+// as a whole would only make its members wait for the copy.
+const Sounding& SoundingFrom(const char* place) { return *reinterpret_cast<const Sounding*>(place); }
+
+void PutSounding(char* place, std::int32_t position) { new (place) Sounding(SoundingAt(position)); }
 
 class BufferedRecords final : public RecordFile {
  public:
   void Write(const std::string& path, std::int32_t count) override {
     BufferedWriter file(path);
-    for (std::int32_t i = 0; i < count; ++i) {
-      const Sounding one = SoundingAt(i);
-      std::memcpy(file.Room(sizeof one), &one, sizeof one);
-    }
+    for (std::int32_t i = 0; i < count; ++i) PutSounding(file.Room(sizeof(Sounding)), i);
     file.Flush();
   }
 
@@ -44,8 +43,7 @@ class BareRecords final : public RecordFile {
     const Descriptor file = Descriptor::ForWriting(path);
     char record[kFrameSize + sizeof(Sounding)] = {};
     for (std::int32_t i = 0; i < count; ++i) {
-      const Sounding one = SoundingAt(i);
-      std::memcpy(record + kFrameSize, &one, sizeof one);
+      PutSounding(record + kFrameSize, i);
       file.Write(record, sizeof record);
     }
   }

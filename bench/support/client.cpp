@@ -39,7 +39,7 @@ Ptr<IOrmFile> NewFile(const std::string& path, const Ptr<IValueDefBase>& definit
   const auto file = CreateObject<IOrmFile>(kOrmFileClass);
   VARIANT_BOOL done = VARIANT_FALSE;
   Check(file->OpenForWrite(Name(path).get(), &done));
-  DemandTrue(done, "cannot write " + path);
+  if (done == VARIANT_FALSE) Fail("cannot write " + path);
   Check(file->WriteInfo(definition.get(), &done));
   DemandTrue(done, "cannot write the definition");
   return file;
@@ -49,10 +49,10 @@ Ptr<IOrmFile> OpenFile(const std::string& path) {
   const auto file = CreateObject<IOrmFile>(kOrmFileClass);
   VARIANT_BOOL done = VARIANT_FALSE;
   Check(file->OpenForRead(Name(path).get(), VARIANT_TRUE, &done));
-  DemandTrue(done, "cannot read " + path);
+  if (done == VARIANT_FALSE) Fail("cannot read " + path);
   Ptr<IValueDefBase> definition;
   Check(file->ReadInfo(definition.Out()));
-  Demand(static_cast<bool>(definition), path + " does not begin with a definition");
+  if (!definition) Fail(path + " does not begin with a definition");
   return file;
 }
 

@@ -5,13 +5,7 @@
 
 namespace bench {
 
-void Demand(bool condition, const std::string& otherwise) {
-  if (!condition) throw std::runtime_error(otherwise);
-}
-
-void DemandTrue(VARIANT_BOOL outcome, const std::string& otherwise) {
-  Demand(outcome != VARIANT_FALSE, otherwise);
-}
+void Fail(const std::string& words) { throw std::runtime_error(words); }
 
 std::string CodeText(HRESULT code) {
   char text[16];

@@ -12,7 +12,7 @@ constexpr mode_t kReadableByAll = 0644;
 
 int Opened(const std::string& path, int flags) {
   const int number = open(path.c_str(), flags, kReadableByAll);
-  Demand(number >= 0, "cannot open " + path);
+  if (number < 0) Fail("cannot open " + path);
   return number;
 }
 

@@ -18,6 +18,9 @@ class Descriptor {
   Descriptor& operator=(const Descriptor&) = delete;
   ~Descriptor();
 
+  // The number by which the system knows the file; it stays owned here.
+  int number() const { return number_; }
+
   // One system call for `size` bytes. Throws where it moves fewer.
   void Write(const void* bytes, std::size_t size) const;
 
