@@ -28,6 +28,8 @@ TASKS = [
     "get by position",
     "put by name",
     "get by name",
+    "put",
+    "get",
 ]
 
 # What one unit of work is, for the column of nanoseconds.

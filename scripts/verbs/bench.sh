@@ -2,28 +2,31 @@
 
 workloads=()
 repetitions=15
+all=(W1 W2 W3 W4 W5 W6 W7)
 for argument in "$@"; do
   case "$argument" in
-    --quick) repetitions=3 ;;
-    W[1-6]) workloads+=("$argument") ;;
+    --quick)
+      repetitions=3
+      all=(W1 W2 W3 W4 W5 W6) # W7 builds the Windows component, which takes minutes
+      ;;
+    W[1-7]) workloads+=("$argument") ;;
     *)
-      complain "usage: ./run bench [--quick] [W1..W6]"
+      complain "usage: ./run bench [--quick] [W1..W7]"
       exit 2
       ;;
   esac
 done
-[[ ${#workloads[@]} -eq 0 ]] && workloads=(W1 W2 W3 W4 W5 W6)
+[[ ${#workloads[@]} -eq 0 ]] && workloads=("${all[@]}")
 
-need bench
 build_preset bench halyard_bench || exit 1
-results=build/bench/results
-mkdir -p "$results"
+mkdir -p "$bench_results"
 files=()
 for workload in "${workloads[@]}"; do
-  step "run $workload, $repetitions times"
-  logged "bench-$workload" build/bench/bench/halyard_bench --benchmark_filter="^$workload/" \
-    --benchmark_repetitions="$repetitions" --benchmark_enable_random_interleaving=true \
-    --benchmark_out="$results/$workload.json" --benchmark_out_format=json || exit 1
-  files+=("$results/$workload.json")
+  if [[ "$workload" == W7 ]]; then
+    run_script_workload "$repetitions" || exit 1
+  else
+    run_workload "$workload" "$repetitions" || exit 1
+  fi
+  files+=("$bench_results/$workload.json")
 done
 python3 bench/report/tables.py "${files[@]}"

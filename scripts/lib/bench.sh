@@ -1,0 +1,30 @@
+# The runs of the benchmark. Each leaves a JSON file of its figures in build/bench/results.
+
+bench_results=build/bench/results
+
+# Runs a workload under Google Benchmark, so many times, with its participants in random
+# turns.
+run_workload() {
+  local workload="$1" repetitions="$2"
+  step "run $workload, $repetitions times"
+  logged "bench-$workload" build/bench/bench/halyard_bench --benchmark_filter="^$workload/" \
+    --benchmark_repetitions="$repetitions" --benchmark_enable_random_interleaving=true \
+    --benchmark_out="$bench_results/$workload.json" --benchmark_out_format=json
+}
+
+# Runs the script workload, so many rounds, in a Wine prefix in which the component is
+# registered.
+run_script_workload() {
+  local rounds="$1" calls=200000
+  need windows-run
+  build_preset win64 halyard || return 1
+  step "make a Wine prefix"
+  new_wine_prefix || return 1
+  logged register "${in_wine[@]}" timeout 60 wine regsvr32 /s "$(windows_path build/win64/halyard.dll)" || return 1
+  step "run W7, $rounds times"
+  "${in_wine[@]}" timeout 600 wine cscript //nologo bench/scripts/member_access.vbs "$rounds" "$calls" 2>&1 |
+    tr -d '\r' | python3 bench/report/script_results.py "$calls" >"$bench_results/W7.json"
+  local status=$?
+  end_wine
+  return "$status"
+}
