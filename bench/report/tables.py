@@ -31,16 +31,18 @@ def rows_of(workload, tasks):
     return rows
 
 
-def plain(headings, rows):
+def plain(headings, rows, words=2):
+    """A table for a terminal; the first columns hold words, the others numbers."""
     widths = [max(len(row[i]) for row in [headings] + rows) for i in range(len(headings))]
     for row in [headings] + rows:
-        cells = [row[i].ljust(widths[i]) if i < 2 else row[i].rjust(widths[i]) for i in range(len(row))]
+        cells = [row[i].ljust(widths[i]) if i < words else row[i].rjust(widths[i]) for i in range(len(row))]
         print("  " + "  ".join(cells).rstrip())
 
 
-def markdown(headings, rows):
+def markdown(headings, rows, words=2):
+    """The same table for a document."""
     print("| " + " | ".join(headings) + " |")
-    print("|---|---|" + "---:|" * (len(headings) - 2))
+    print("|" + "---|" * words + "---:|" * (len(headings) - words))
     for row in rows:
         print("| " + " | ".join(row) + " |")
 

@@ -2,32 +2,22 @@
 
 #include <benchmark/benchmark.h>
 
-#include <ctime>
 #include <exception>
 #include <memory>
 #include <optional>
 
 #include "halyard/object/error.h"
+#include "support/clock.h"
 #include "support/demand.h"
 
 namespace bench {
 namespace {
-
-constexpr double kNanosecond = 1e-9;
 
 // An action and, from its first repetition on, what its preparation made.
 struct Measured {
   Action action;
   std::optional<Prepared> prepared;
 };
-
-// Seconds that this thread has worked. Files lie in memory and nothing waits, so on an idle
-// machine this is the time on the wall; on a shared one it leaves out the turns of others.
-double WorkedSeconds() {
-  timespec now;
-  Demand(clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now) == 0, "there is no clock");
-  return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * kNanosecond;
-}
 
 // Runs the action once, after its untimed part, and answers the seconds that it took.
 double SecondsOfOneRun(const Prepared& prepared) {

@@ -6,6 +6,7 @@ bench_results=build/bench/results
 # turns.
 run_workload() {
   local workload="$1" repetitions="$2"
+  mkdir -p "$bench_results"
   step "run $workload, $repetitions times"
   logged "bench-$workload" build/bench/bench/halyard_bench --benchmark_filter="^$workload/" \
     --benchmark_repetitions="$repetitions" --benchmark_enable_random_interleaving=true \
@@ -16,6 +17,7 @@ run_workload() {
 # registered.
 run_script_workload() {
   local rounds="$1" calls=200000
+  mkdir -p "$bench_results"
   need windows-run
   build_preset win64 halyard || return 1
   step "make a Wine prefix"
@@ -27,4 +29,16 @@ run_script_workload() {
   local status=$?
   end_wine
   return "$status"
+}
+
+# How the library's cost grows with the size of its work.
+measure_growth() {
+  build_preset bench halyard_growth || return 1
+  mkdir -p "$bench_results"
+  step "let records, members, nesting, definitions and arrays grow"
+  build/bench/bench/halyard_growth >"$bench_results/growth.json" 2>build/logs/growth.log || {
+    tail -n 1 build/logs/growth.log >&2
+    return 1
+  }
+  python3 bench/report/growth.py "$bench_results/growth.json"
 }

@@ -1,4 +1,9 @@
-# bench [--quick] [W...]   measure the library, its rivals and the limit, all workloads or the named
+# bench [--quick] [W1...]  measure the library, its rivals and the limit; bench growth: how cost grows
+
+if [[ "$*" == growth ]]; then
+  measure_growth
+  exit
+fi
 
 workloads=()
 repetitions=15
@@ -11,7 +16,7 @@ for argument in "$@"; do
       ;;
     W[1-7]) workloads+=("$argument") ;;
     *)
-      complain "usage: ./run bench [--quick] [W1..W7]"
+      complain "usage: ./run bench [--quick] [W1..W7], or ./run bench growth"
       exit 2
       ;;
   esac
@@ -19,7 +24,6 @@ done
 [[ ${#workloads[@]} -eq 0 ]] && workloads=("${all[@]}")
 
 build_preset bench halyard_bench || exit 1
-mkdir -p "$bench_results"
 files=()
 for workload in "${workloads[@]}"; do
   if [[ "$workload" == W7 ]]; then
