@@ -44,3 +44,27 @@ LIMITS = {
     "W6": "a copy of the block into new memory, without any file; a loop over packed structs",
     "W7": "the same script with a Scripting.Dictionary",
 }
+
+# Beyond these multiples of the limit something has gone wrong with the library's speed, even
+# on a busy machine: about twice what docs/performance.md holds.
+BOUNDS = {
+    ("W1", "write"): 5,
+    ("W1", "read"): 20,
+    ("W2", "write"): 8,
+    ("W2", "write, one call a record"): 2.4,
+    ("W2", "read"): 16,
+    ("W3", "depth to Real of 1000000"): 2.2,
+    ("W3", "x to Real of 1000000"): 2.2,
+    ("W3", "flags to Long of 1000000"): 2.2,
+    ("W3", "Real to depth of 1000000"): 2.2,
+    ("W3", "depth to Real of 1000"): 3,
+    ("W3", "x to Real of 1000"): 3,
+    ("W3", "flags to Long of 1000"): 3,
+    ("W3", "Real to depth of 1000"): 3,
+    ("W5", "put by position"): 22,
+    ("W5", "get by position"): 22,
+    ("W5", "put by name"): 4,
+    ("W5", "get by name"): 4,
+    ("W6", "read"): 3,
+    ("W6", "then depth to Real"): 2.2,
+}

@@ -14,9 +14,7 @@ namespace fs = std::filesystem;
 class Folder {
  public:
   Folder() {
-    const char* wish = std::getenv("HALYARD_BENCH_FOLDER");
-    const fs::path base = wish != nullptr ? fs::path(wish) : fs::path("/dev/shm");
-    path_ = base / ("halyard-bench-" + std::to_string(getpid()));
+    path_ = Base() / ("halyard-bench-" + std::to_string(getpid()));
     fs::create_directories(path_);
   }
   ~Folder() {
@@ -29,6 +27,12 @@ class Folder {
   const fs::path& path() const { return path_; }
 
  private:
+  static fs::path Base() {
+    if (const char* const wish = std::getenv("HALYARD_BENCH_FOLDER")) return wish;
+    const fs::path memory = "/dev/shm";
+    return fs::exists(memory) ? memory : fs::temp_directory_path();
+  }
+
   fs::path path_;
 };
 

@@ -8,7 +8,7 @@ namespace bench {
 
 // The path of a file of that name in the process's own folder. The folder lies below
 // HALYARD_BENCH_FOLDER or, where that is not set, in /dev/shm: memory, so that the disk
-// is not measured.
+// is not measured. (Where there is no /dev/shm either, among the temporary files.)
 std::string ScratchFile(const std::string& name);
 
 // Removes a file, if it is there: a run that writes always makes a new one.

@@ -42,3 +42,16 @@ measure_growth() {
   }
   python3 bench/report/growth.py "$bench_results/growth.json"
 }
+
+# A look at the speed of the build that the tests have just made, without rivals: a few
+# lines of information, which never make a test run fail.
+glance_at_speed() {
+  local figures=build/native/glance.json
+  if logged glance timeout 60 build/native/bench/halyard_bench_glance --benchmark_filter='^W1/(write|read)/|^W[2356]/' \
+    --benchmark_repetitions=2 --benchmark_enable_random_interleaving=true \
+    --benchmark_out="$figures" --benchmark_out_format=json; then
+    python3 bench/report/glance.py "$figures" || true
+  else
+    step "speed: not measured"
+  fi
+}

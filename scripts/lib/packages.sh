@@ -3,7 +3,7 @@
 
 # Packages for each kit, and the programs by which a system without dpkg is judged.
 declare -A kit_packages=(
-  [native]="g++ cmake ninja-build pkg-config libgtest-dev tzdata libcli11-dev nlohmann-json3-dev libfmt-dev"
+  [native]="g++ cmake ninja-build pkg-config libgtest-dev tzdata libcli11-dev nlohmann-json3-dev libfmt-dev libbenchmark-dev python3"
   [bench]="g++ cmake ninja-build pkg-config libbenchmark-dev libprotobuf-dev protobuf-compiler libavro-dev libcapnp-dev libmsgpack-cxx-dev libhdf5-dev libflatbuffers-dev python3 python3-dev python3-numpy"
   [windows-build]="cmake ninja-build googletest g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libwine libwine-dev libcli11-dev nlohmann-json3-dev libfmt-dev"
   [windows-run]="wine wine64 xvfb xauth"

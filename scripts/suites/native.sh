@@ -6,6 +6,7 @@ for preset in native native-asan; do
     gtest_suite "$preset conformance" "build/$preset/tests/halyard_conformance_tests"
     gtest_suite "$preset examples" "build/$preset/tests/examples/halyard_example_tests"
     ctest_suite "$preset programs" "build/$preset" --label-exclude gtest
+    if [[ "$preset" == native ]]; then glance_at_speed; fi
   else
     broken_suite "$preset build"
   fi
