@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Shows how cost grows: python3 growth.py [--markdown] GROWTH.json
+"""Shows how cost grows: python3 growth.py GROWTH.json
 
 One table for each axis: a row for each size, a column for each task, nanoseconds for one
 unit of work; then the bytes of one unit for the tasks whose result takes memory.
@@ -39,27 +39,25 @@ def keeps_memory(points):
     return {task for task, size in largest.items() if size > LEAST_BYTES}
 
 
-def show(points, axis, as_markdown):
-    def out(headings, rows):
-        (tables.markdown if as_markdown else tables.plain)(headings, rows, words=1)
-
-    print(f"{'### ' if as_markdown else ''}{TITLES[axis][0].upper()}{TITLES[axis][1:]}\n")
+def show(points, as_markdown):
+    """Prints the tables of one axis."""
+    out = tables.markdown if as_markdown else tables.plain
     print("Nanoseconds:\n")
-    out(*grid(points, "nanoseconds", lambda task: True))
+    out(*grid(points, "nanoseconds", lambda task: True), words=1)
     keepers = keeps_memory(points)
     if keepers:
         print("\nBytes that the result takes:\n")
-        out(*grid(points, "bytes", lambda task: task in keepers))
+        out(*grid(points, "bytes", lambda task: task in keepers), words=1)
     print()
 
 
-def main(arguments):
-    paths = [argument for argument in arguments if not argument.startswith("--")]
-    with open(paths[0], encoding="utf-8") as file:
+def main(path):
+    with open(path, encoding="utf-8") as file:
         points = json.load(file)
     for axis in dict.fromkeys(point["axis"] for point in points):
-        show([point for point in points if point["axis"] == axis], axis, "--markdown" in arguments)
+        print(f"{TITLES[axis]}\n")
+        show([point for point in points if point["axis"] == axis], as_markdown=False)
 
 
 if __name__ == "__main__":
-    main(sys.argv[1:])
+    main(sys.argv[1])

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Prints one table for each workload of a run: python3 tables.py [--markdown] RESULT.json...
+"""Prints one table for each workload of a run: python3 tables.py RESULT.json...
 
 Minimum and median are over the repetitions; ratios are those of the minima to the limit's.
 Ends with status 1 where a participant failed.
@@ -47,15 +47,13 @@ def markdown(headings, rows, words=2):
         print("| " + " | ".join(row) + " |")
 
 
-def main(arguments):
-    as_markdown = "--markdown" in arguments
-    paths = [argument for argument in arguments if not argument.startswith("--")]
+def main(paths):
     tasks = results.tasks_of(results.read(paths))
     for workload in sorted({name for name, _ in tasks}):
         headings = [heading.format(unit=workloads.UNITS[workload]) for heading in HEADINGS]
-        print(f"{'### ' if as_markdown else ''}{workload}: {workloads.TITLES[workload]}")
-        print(f"\nLimit: {workloads.LIMITS[workload]}.\n" if as_markdown else f"  limit: {workloads.LIMITS[workload]}")
-        (markdown if as_markdown else plain)(headings, rows_of(workload, tasks))
+        print(f"{workload}: {workloads.TITLES[workload]}")
+        print(f"  limit: {workloads.LIMITS[workload]}")
+        plain(headings, rows_of(workload, tasks))
         print()
 
 

@@ -2,11 +2,15 @@
 
 bench_results=build/bench/results
 
+# Notes beside the figures on what machine and with what versions they were made.
+describe_machine() { python3 bench/report/machine.py >"$bench_results/machine.json"; }
+
 # Runs a workload under Google Benchmark, so many times, with its participants in random
 # turns.
 run_workload() {
   local workload="$1" repetitions="$2"
   mkdir -p "$bench_results"
+  describe_machine
   step "run $workload, $repetitions times"
   logged "bench-$workload" build/bench/bench/halyard_bench --benchmark_filter="^$workload/" \
     --benchmark_repetitions="$repetitions" --benchmark_enable_random_interleaving=true \
@@ -24,6 +28,7 @@ run_script_workload() {
   new_wine_prefix || return 1
   logged register "${in_wine[@]}" timeout 60 wine regsvr32 /s "$(windows_path build/win64/halyard.dll)" || return 1
   step "run W7, $rounds times"
+  describe_machine
   "${in_wine[@]}" timeout 600 wine cscript //nologo bench/scripts/member_access.vbs "$rounds" "$calls" 2>&1 |
     tr -d '\r' | python3 bench/report/script_results.py "$calls" >"$bench_results/W7.json"
   local status=$?
@@ -54,4 +59,12 @@ glance_at_speed() {
   else
     step "speed: not measured"
   fi
+}
+
+# Brings the figures that lie in build/bench/results into docs/performance.md. The library
+# that draws is a package of the system, so the system's own interpreter is asked.
+document_figures() {
+  need document
+  step "write tables and charts into docs/performance.md"
+  /usr/bin/python3 bench/report/document.py "$bench_results"
 }

@@ -5,6 +5,7 @@
 declare -A kit_packages=(
   [native]="g++ cmake ninja-build pkg-config libgtest-dev tzdata libcli11-dev nlohmann-json3-dev libfmt-dev libbenchmark-dev python3"
   [bench]="g++ cmake ninja-build pkg-config libbenchmark-dev libprotobuf-dev protobuf-compiler libavro-dev libcapnp-dev libmsgpack-cxx-dev libhdf5-dev libflatbuffers-dev python3 python3-dev python3-numpy"
+  [document]="python3-matplotlib"
   [windows-build]="cmake ninja-build googletest g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libwine libwine-dev libcli11-dev nlohmann-json3-dev libfmt-dev"
   [windows-run]="wine wine64 xvfb xauth"
   [package]="zip"
@@ -14,6 +15,7 @@ declare -A kit_packages=(
 declare -A kit_programs=(
   [native]="g++ cmake ninja pkg-config"
   [bench]="g++ cmake ninja pkg-config python3"
+  [document]="python3"
   [windows-build]="cmake ninja x86_64-w64-mingw32-g++-posix i686-w64-mingw32-g++-posix x86_64-w64-mingw32-widl"
   [windows-run]="wine wineserver xvfb-run"
   [package]="zip"

@@ -1,9 +1,17 @@
 # bench [--quick] [W1...]  measure the library, its rivals and the limit; bench growth: how cost grows
+#
+# bench document brings the figures of the last runs into docs/performance.md.
 
-if [[ "$*" == growth ]]; then
-  measure_growth
-  exit
-fi
+case "$*" in
+  growth)
+    measure_growth
+    exit
+    ;;
+  document)
+    document_figures
+    exit
+    ;;
+esac
 
 workloads=()
 repetitions=15
@@ -16,7 +24,7 @@ for argument in "$@"; do
       ;;
     W[1-7]) workloads+=("$argument") ;;
     *)
-      complain "usage: ./run bench [--quick] [W1..W7], or ./run bench growth"
+      complain "usage: ./run bench [--quick] [W1..W7], ./run bench growth or ./run bench document"
       exit 2
       ;;
   esac
