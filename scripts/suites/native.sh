@@ -4,9 +4,16 @@ for preset in native native-asan; do
   if build_preset "$preset"; then
     gtest_suite "$preset unit" "build/$preset/tests/halyard_unit_tests"
     gtest_suite "$preset conformance" "build/$preset/tests/halyard_conformance_tests"
+    gtest_suite "$preset failing memory" "build/$preset/tests/failures/halyard_failure_tests"
     gtest_suite "$preset examples" "build/$preset/tests/examples/halyard_example_tests"
     ctest_suite "$preset programs" "build/$preset" --label-exclude gtest
-    if [[ "$preset" == native ]]; then glance_at_speed; fi
+    case "$preset" in
+      native) glance_at_speed ;;
+      native-asan)
+        counting_suite "$preset hostile inputs" build/native-asan/tests/fuzz/halyard_replay \
+          tests/fuzz/seeds tests/golden/hostile
+        ;;
+    esac
   else
     broken_suite "$preset build"
   fi

@@ -50,7 +50,7 @@ HRESULT StructureInfo::get_PacketSize(ULONG* pdwSize) {
   return Call("PacketSize", [&] {
     ULONG& result = Out(pdwSize);
     const WalkingLevel level;
-    const StructureLayout& layout = Whole();
+    const StructureLayout& layout = layout_;
     ULONG total = identity_.PacketSize() + kCountAndSizeBytes;
     for (std::size_t i = 0; i < layout.members.size(); ++i) {
       total += MemberTextSize(layout.members[i]);
@@ -59,20 +59,21 @@ HRESULT StructureInfo::get_PacketSize(ULONG* pdwSize) {
       Check(definition->get_PacketSize(&size), definition);
       total += kMemberBytes + size;
     }
+    if (layout.LacksMembers()) Require(Ptr<IValueDefBase>(), kNoDefinition);
     result = total;
   });
 }
 
 bool StructureInfo::Encode(WriteCursor& cursor) {
-  const StructureLayout& layout = Whole();
-  if (!identity_.Encode(cursor) || !cursor.Put(static_cast<std::uint16_t>(layout.members.size())) ||
+  const StructureLayout& layout = layout_;
+  if (!identity_.Encode(cursor) || !cursor.Put(static_cast<std::uint16_t>(layout.WholeCount())) ||
       !cursor.Put(layout.data_size)) {
     return false;
   }
   for (std::size_t i = 0; i < layout.members.size(); ++i) {
     if (!EncodeMember(cursor, layout.members[i])) return false;
   }
-  return true;
+  return !layout.LacksMembers() || EncodeMember(cursor, MemberLayout());
 }
 
 bool StructureInfo::Decode(ReadCursor& cursor) {

@@ -71,8 +71,7 @@ class MemberPlacer {
 }  // namespace
 
 HRESULT StructureInfo::get_Count(LONG* pnCount) {
-  return Call("Count",
-              [&] { Out(pnCount) = static_cast<LONG>(std::max(layout_.members.size(), layout_.announced)); });
+  return Call("Count", [&] { Out(pnCount) = static_cast<LONG>(layout_.WholeCount()); });
 }
 
 HRESULT StructureInfo::get_DataSize(ULONG* pdwSize) {
@@ -106,7 +105,7 @@ HRESULT StructureInfo::get_MemberName(LONG nIndex, BSTR* psName) {
 
 HRESULT StructureInfo::put_MemberName(LONG nIndex, BSTR sName) {
   return Call("MemberName", [&] {
-    MemberAt(nIndex).name.Set(sName);
+    FindForChange(Variant(nIndex).get())->name.Set(sName);
     layout_.ForgetNames();
   });
 }
@@ -114,7 +113,7 @@ HRESULT StructureInfo::put_MemberName(LONG nIndex, BSTR sName) {
 HRESULT StructureInfo::get_Members(VARIANT vIndex, IValueDefBase** ppDef) {
   return Call("Members", [&] {
     Out(ppDef) = nullptr;
-    if (const MemberLayout* member = FindMember(vIndex)) *ppDef = Ptr(member->definition).Detach();
+    if (const auto position = FindMember(vIndex)) *ppDef = Ptr(MemberAt(*position).definition).Detach();
   });
 }
 
@@ -123,7 +122,7 @@ HRESULT StructureInfo::put_Members(VARIANT vIndex, IValueDefBase* pDef) {
     if (pDef == nullptr) throw Error(E_INVALIDARG, "a member's definition cannot be replaced by none");
     Ptr<IValueDefBase> definition = QueryFor<IValueDefBase>(pDef);
     // Swapped, so that the old definition ends when the table is whole again.
-    if (MemberLayout* member = FindMember(vIndex)) std::swap(member->definition, definition);
+    if (MemberLayout* member = FindForChange(vIndex)) std::swap(member->definition, definition);
   });
 }
 
@@ -158,7 +157,7 @@ HRESULT StructureInfo::AddSimpleMemberSized(BSTR sName, SHORT DataType, SHORT Da
 
 HRESULT StructureInfo::Remove(VARIANT vIndex) {
   return Call("Remove", [&] {
-    MemberLayout* member = FindMember(vIndex);
+    MemberLayout* member = FindForChange(vIndex);
     if (member == nullptr) return;
     std::vector<MemberLayout>& members = Whole().members;
     // Held until the table is whole again: a member's end may look at it.
@@ -177,7 +176,7 @@ HRESULT StructureInfo::RemoveAll() {
 }
 
 HRESULT StructureInfo::MemberIndex(BSTR sName, LONG* pnIndex) {
-  return Call("MemberIndex", [&] { Out(pnIndex) = Whole().Find(ViewOf(sName)); });
+  return Call("MemberIndex", [&] { Out(pnIndex) = layout_.Find(ViewOf(sName)); });
 }
 
 HRESULT StructureInfo::MemberInfo(LONG nIndex, SHORT* pDataType, LONG* pOffset, ULONG* pDataSize,
@@ -198,15 +197,15 @@ HRESULT StructureInfo::MemberInfo(LONG nIndex, SHORT* pDataType, LONG* pOffset, 
 HRESULT StructureInfo::get_CanBeNull(VARIANT vIndex, VARIANT_BOOL* pbCanBeNull) {
   return Call("CanBeNull", [&] {
     VARIANT_BOOL& result = Out(pbCanBeNull);
-    const MemberLayout* member = FindMember(vIndex);
-    if (member == nullptr) throw Error(E_INVALIDARG, kNoMember);
-    result = member->can_be_null ? VARIANT_TRUE : VARIANT_FALSE;
+    const auto position = FindMember(vIndex);
+    if (!position) throw Error(E_INVALIDARG, kNoMember);
+    result = MemberAt(*position).can_be_null ? VARIANT_TRUE : VARIANT_FALSE;
   });
 }
 
 HRESULT StructureInfo::put_CanBeNull(VARIANT vIndex, VARIANT_BOOL bCanBeNull) {
   return Call("CanBeNull", [&] {
-    MemberLayout* member = FindMember(vIndex);
+    MemberLayout* member = FindForChange(vIndex);
     if (member == nullptr) throw Error(E_INVALIDARG, kNoMember);
     member->can_be_null = bCanBeNull != VARIANT_FALSE;
   });
@@ -222,19 +221,31 @@ HRESULT StructureInfo::AddSimpleArrayMember(BSTR sName, SHORT DataType, LONG nEl
   });
 }
 
-MemberLayout& StructureInfo::MemberAt(LONG position) {
-  std::vector<MemberLayout>& members = Whole().members;
-  if (position < 0 || static_cast<std::size_t>(position) >= members.size()) {
-    throw Error(E_INVALIDARG, "the structure has " + std::to_string(members.size()) +
+const MemberLayout& StructureInfo::MemberAt(LONG position) const {
+  static const MemberLayout kNeverCame;
+  if (position < 0 || static_cast<std::size_t>(position) >= layout_.WholeCount()) {
+    throw Error(E_INVALIDARG, "the structure has " + std::to_string(layout_.WholeCount()) +
                                   " members and none at position " + std::to_string(position));
   }
-  return members[static_cast<std::size_t>(position)];
+  const MemberLayout* member = layout_.At(position);
+  return member != nullptr ? *member : kNeverCame;
 }
 
-MemberLayout* StructureInfo::FindMember(const VARIANT& index) {
-  if (index.vt != VT_BSTR) return &MemberAt(Variant::Converted(index, VT_I4)->lVal);
-  const LONG position = Whole().Find(ViewOf(index.bstrVal));
-  return position < 0 ? nullptr : &MemberAt(position);
+std::optional<LONG> StructureInfo::FindMember(const VARIANT& index) const {
+  LONG position = -1;
+  if (index.vt == VT_BSTR) {
+    position = layout_.Find(ViewOf(index.bstrVal));
+    if (position < 0) return std::nullopt;
+  } else {
+    position = Variant::Converted(index, VT_I4)->lVal;
+    static_cast<void>(MemberAt(position));
+  }
+  return position;
+}
+
+MemberLayout* StructureInfo::FindForChange(const VARIANT& index) {
+  const auto position = FindMember(index);
+  return position ? &Whole().members[static_cast<std::size_t>(*position)] : nullptr;
 }
 
 void StructureInfo::Append(BSTR name, Ptr<IValueDefBase> definition) {
@@ -246,7 +257,7 @@ void StructureInfo::Append(BSTR name, Ptr<IValueDefBase> definition) {
 
 void StructureInfo::CalculateLayout() {
   const WalkingLevel level;
-  StructureLayout& layout = Whole();
+  StructureLayout& layout = layout_;
   layout.data_size = 0;
   layout.fixed = true;
   MemberPlacer placer;
@@ -258,6 +269,7 @@ void StructureInfo::CalculateLayout() {
     if (layout.members[i].size == 0) layout.fixed = false;
     layout.data_size = static_cast<std::uint16_t>(layout.data_size + measure.size);
   }
+  if (layout.LacksMembers()) Measure(nullptr);
 }
 
 }  // namespace halyard

@@ -2,6 +2,8 @@
 // structure_encoding.cpp holds its encoding.
 #pragma once
 
+#include <optional>
+
 #include "definitions/composite_definition.h"
 #include "definitions/structure_layout.h"
 #include "halyard/definitions/structure_def.h"
@@ -44,12 +46,15 @@ class StructureInfo : public CompositeDefinition<StructureInfo, IStructureInfo, 
   [[nodiscard]] bool Encode(WriteCursor& cursor);
 
  private:
-  // The member at a position; raises E_INVALIDARG outside the table.
-  MemberLayout& MemberAt(LONG position);
+  // The member at a position, to look at; raises E_INVALIDARG outside the table.
+  [[nodiscard]] const MemberLayout& MemberAt(LONG position) const;
 
-  // The member that a client's index means: null for an unknown name; raises
+  // The position that a client's index means: none for an unknown name; raises
   // E_INVALIDARG for a position outside the table and what a conversion raises.
-  MemberLayout* FindMember(const VARIANT& index);
+  [[nodiscard]] std::optional<LONG> FindMember(const VARIANT& index) const;
+
+  // The member that a client's index means, to change; null for an unknown name.
+  MemberLayout* FindForChange(const VARIANT& index);
 
   void Append(BSTR name, Ptr<IValueDefBase> definition);
 

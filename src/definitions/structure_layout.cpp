@@ -14,8 +14,11 @@ WideView ToZero(WideView text) noexcept { return text.substr(0, text.find(OLECHA
 }  // namespace
 
 LONG StructureLayout::Find(WideView name) const noexcept {
-  if (names_.size() < members.size() && !LearnNames()) return Search(name);
-  return names_.Find(name);
+  const bool knows = names_.size() == members.size() || LearnNames();
+  const LONG position = knows ? names_.Find(name) : Search(name);
+  // Members that never came have the empty name.
+  return position < 0 && LacksMembers() && ToZero(name).empty() ? static_cast<LONG>(members.size())
+                                                                : position;
 }
 
 bool StructureLayout::LearnNames() const noexcept {

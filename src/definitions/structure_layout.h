@@ -52,11 +52,20 @@ struct StructureLayout {
   // Whether every member had a fixed place when last calculated.
   bool fixed = false;
 
-  // The table with all its members. Everything but the reader works on it.
+  // The table with all its members, for whoever shows or changes them.
   StructureLayout& Whole() {
     if (announced != 0) [[unlikely]]
       MakeAnnounced();
     return *this;
+  }
+
+  // Whether members were announced that never came. They have no definition, so whatever
+  // needs one fails at the first of them and need not make them.
+  [[nodiscard]] bool LacksMembers() const noexcept { return announced > members.size(); }
+
+  // How many members the table has when it is whole.
+  [[nodiscard]] std::size_t WholeCount() const noexcept {
+    return LacksMembers() ? announced : members.size();
   }
 
   // The position of the first member of that name, letter case ignored; -1 for none.

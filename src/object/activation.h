@@ -10,7 +10,8 @@ namespace halyard {
 
 // Creates an object of the class in any context, asks it for IUnknown and puts it into
 // the running state. Empty when any of that fails: what needs the object says so then.
-Ptr<IUnknown> Activate(REFCLSID clsid) noexcept;
+// Raises E_OUTOFMEMORY alone.
+Ptr<IUnknown> Activate(REFCLSID clsid);
 
 // As Activate, asked for interface I; empty where the object lacks it.
 template <class I>

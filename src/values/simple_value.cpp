@@ -49,7 +49,7 @@ HRESULT SimpleValue::put_Value(VARIANT vValue) {
   const HRESULT hr = vValue.vt == type ? VariantCopy(&converted.get(), &vValue)
                                        : VariantChangeType(&converted.get(), &vValue, 0, type);
   if (SUCCEEDED(hr)) value_ = std::move(converted);
-  return S_OK;
+  return hr == E_OUTOFMEMORY ? hr : S_OK;
 }
 
 HRESULT SimpleValue::Copy(IValueBase** ppCopy) {
@@ -69,11 +69,12 @@ HRESULT SimpleValue::get_Info(IValueDefBase** ppInfo) {
 
 HRESULT SimpleValue::put_Info(IValueDefBase* pInfo) {
   // A definition that cannot be taken leaves a value without a type, not a failed call.
+  // Only the lack of memory is told.
   const HRESULT hr = Call("Info", [&] { TakeDefinition(pInfo); });
-  if (FAILED(hr)) {
-    SetErrorInfo(0, nullptr);
-    type_ = kInvalid;
-  }
+  if (SUCCEEDED(hr)) return S_OK;
+  type_ = kInvalid;
+  if (hr == E_OUTOFMEMORY) return hr;
+  SetErrorInfo(0, nullptr);
   return S_OK;
 }
 

@@ -70,9 +70,9 @@ class StructureBlock {
   void ReadOther(const MemberLayout& member, VARIANT& fresh);
   void WriteOther(const MemberLayout& member, const VARIANT& value);
 
+  std::array<unsigned char, kNearBytes + kWidestElementary> near_{};
   unsigned char* bytes_ = near_.data();  // null while a large block has no memory
   std::uint16_t size_ = 0;
-  std::array<unsigned char, kNearBytes + kWidestElementary> near_{};
   std::unique_ptr<unsigned char[]> far_;
 };
 

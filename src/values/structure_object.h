@@ -49,14 +49,15 @@ class StructureObject : public ValueObject<T, Interfaces..., IElementaryMemory> 
     }
     if (type_) return S_OK;
     // A definition that cannot be taken leaves the value without one, not a failed call.
+    // Only the lack of memory is told.
     const HRESULT hr = this->Call("Info", [&] {
       type_.Take(pInfo);
       this->Self().Build();
     });
-    if (FAILED(hr)) {
-      SetErrorInfo(0, nullptr);
-      type_.Drop();
-    }
+    if (SUCCEEDED(hr)) return S_OK;
+    type_.Drop();
+    if (hr == E_OUTOFMEMORY) return hr;
+    SetErrorInfo(0, nullptr);
     return S_OK;
   }
 

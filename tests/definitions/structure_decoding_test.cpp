@@ -109,6 +109,27 @@ TEST(StructureDecoding, MembersThatDidNotArriveAreEmpty) {
   EXPECT_TRUE(Raises(E_POINTER, [&] { return structure->CalculateDataSize(&size); }));
 }
 
+TEST(StructureDecoding, MembersThatDidNotArriveCanBeAskedForAndFilled) {
+  const auto structure = NewStructure();
+  EXPECT_EQ(
+      ReadFrom(structure, "00 00 00 00 00 00 03 00 00 00 01 00 61 00 00 00 08 00 04 00 08 00 04 00 00 00"),
+      TooShort());
+  EXPECT_EQ(Get(structure, &IStructureDef::MemberIndex, Bstr(OLESTR("a")).get()), 0);
+  EXPECT_EQ(Get(structure, &IStructureDef::MemberIndex, Bstr(OLESTR("")).get()), 1);
+  EXPECT_EQ(Get(structure, &IStructureDef::MemberIndex, Bstr(OLESTR("b")).get()), -1);
+  ULONG size = 0;
+  EXPECT_TRUE(Raises(E_POINTER, [&] { return structure->get_PacketSize(&size); }));
+  GuardedBuffer buffer(64);
+  ULONG count = kUntouched;
+  VARIANT_BOOL done = VARIANT_FALSE;
+  EXPECT_TRUE(Raises(E_POINTER,
+                     [&] { return structure->WriteToBuffer(buffer.data(), buffer.size(), &count, &done); }));
+  EXPECT_EQ(structure->put_MemberName(2, Bstr(OLESTR("c")).get()), S_OK);
+  EXPECT_EQ(Get(structure, &IStructureDef::MemberIndex, Bstr(OLESTR("c")).get()), 2);
+  EXPECT_TRUE(Raises(E_INVALIDARG, [&] { return structure->put_MemberName(3, nullptr); }));
+  EXPECT_EQ(Get(structure, &IStructureDef::get_MemberCount), 3);
+}
+
 TEST(StructureDecoding, CountThatTheBufferCannotHoldIsKept) {
   const auto structure = NewStructure();
   EXPECT_EQ(ReadFrom(structure, "00 00 00 00 00 00 FF FF 00 00"), TooShort());

@@ -35,8 +35,9 @@ constexpr const OLECHAR* kTexts[] = {OLESTR(""),
                                      OLESTR("1")};
 constexpr double kDays[] = {0.0, 1.0, 0.25, 38061.521354166667, 36526.0, 2958465.0, -1.5, 40000.999988425923};
 
-// Finite: the text of an infinity differs between Windows and Wine.
-float Single(double real) { return static_cast<float>(std::clamp(real, -3e38, 3e38)); }
+// Within the calendar, since Wine, unlike Windows, takes any float for a date. Doubles have
+// the larger numbers.
+float Single(double real) { return static_cast<float>(std::clamp(real, -6e5, 2.9e6)); }
 
 Variant AnyScalar(World& world) {
   Random& random = world.random;

@@ -5,10 +5,11 @@
 
 namespace halyard {
 
-Ptr<IUnknown> Activate(REFCLSID clsid) noexcept {
+Ptr<IUnknown> Activate(REFCLSID clsid) {
   Ptr<IUnknown> object;
-  if (FAILED(CoCreateInstance(clsid, nullptr, CLSCTX_ALL, IidOf<IUnknown>, object.OutVoid()))) return nullptr;
-  return object;
+  const HRESULT hr = CoCreateInstance(clsid, nullptr, CLSCTX_ALL, IidOf<IUnknown>, object.OutVoid());
+  if (hr == E_OUTOFMEMORY) throw Error(hr);
+  return SUCCEEDED(hr) ? object : nullptr;
 }
 
 }  // namespace halyard

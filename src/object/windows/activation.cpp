@@ -3,9 +3,11 @@
 
 namespace halyard {
 
-Ptr<IUnknown> Activate(REFCLSID clsid) noexcept {
+Ptr<IUnknown> Activate(REFCLSID clsid) {
   Ptr<IUnknown> object;
-  if (FAILED(CoCreateInstance(clsid, nullptr, CLSCTX_ALL, IidOf<IUnknown>, object.OutVoid()))) return nullptr;
+  const HRESULT hr = CoCreateInstance(clsid, nullptr, CLSCTX_ALL, IidOf<IUnknown>, object.OutVoid());
+  if (hr == E_OUTOFMEMORY) throw Error(hr);
+  if (FAILED(hr)) return nullptr;
   if (object && FAILED(OleRun(object.get()))) object.Reset();
   return object;
 }

@@ -1,0 +1,82 @@
+#include "tests/failures/failing_memory.h"
+
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+std::size_t g_until_failure = 0;  // 0: none is to fail
+bool g_happened = false;
+std::ptrdiff_t g_live = 0;
+
+// Counts an allocation; whether it is the one that fails.
+bool Fails() {
+  if (g_until_failure == 0 || --g_until_failure != 0) return false;
+  g_happened = true;
+  return true;
+}
+
+void* Counted(void* block) {
+  if (block != nullptr) ++g_live;
+  return block;
+}
+
+}  // namespace
+
+extern "C" {
+
+void* __real_malloc(std::size_t size);
+void* __real_calloc(std::size_t count, std::size_t size);
+void* __real_realloc(void* block, std::size_t size);
+void __real_free(void* block);
+
+void* __wrap_malloc(std::size_t size) { return Fails() ? nullptr : Counted(__real_malloc(size)); }
+
+void* __wrap_calloc(std::size_t count, std::size_t size) {
+  return Fails() ? nullptr : Counted(__real_calloc(count, size));
+}
+
+void* __wrap_realloc(void* block, std::size_t size) {
+  if (Fails()) return nullptr;
+  void* moved = __real_realloc(block, size);
+  return block == nullptr ? Counted(moved) : moved;
+}
+
+void __wrap_free(void* block) {
+  if (block != nullptr) --g_live;
+  __real_free(block);
+}
+
+}  // extern "C"
+
+void* operator new(std::size_t size) {
+  void* block = __wrap_malloc(size != 0 ? size : 1);
+  if (block == nullptr) throw std::bad_alloc();
+  return block;
+}
+void* operator new[](std::size_t size) { return operator new(size); }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  return __wrap_malloc(size != 0 ? size : 1);
+}
+void* operator new[](std::size_t size, const std::nothrow_t& tag) noexcept { return operator new(size, tag); }
+void operator delete(void* block) noexcept { __wrap_free(block); }
+void operator delete[](void* block) noexcept { __wrap_free(block); }
+void operator delete(void* block, std::size_t) noexcept { __wrap_free(block); }
+void operator delete[](void* block, std::size_t) noexcept { __wrap_free(block); }
+void operator delete(void* block, const std::nothrow_t&) noexcept { __wrap_free(block); }
+void operator delete[](void* block, const std::nothrow_t&) noexcept { __wrap_free(block); }
+
+namespace halyard::test {
+
+FailingAllocation::FailingAllocation(std::size_t which) {
+  g_happened = false;
+  g_until_failure = which;
+}
+
+FailingAllocation::~FailingAllocation() { g_until_failure = 0; }
+
+bool FailingAllocation::Happened() const { return g_happened; }
+
+std::ptrdiff_t LiveBlocks() { return g_live; }
+
+}  // namespace halyard::test

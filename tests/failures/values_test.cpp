@@ -1,0 +1,167 @@
+// Values when memory runs out.
+#include "tests/failures/each_allocation.h"
+#include "tests/failures/samples.h"
+
+namespace halyard::test {
+namespace {
+
+// A value and what a call needs.
+struct State {
+  Ptr<IValueBase> value;
+  Ptr<IValueBase> other;
+  Variant index;
+  Variant content;
+  Bytes bytes;
+};
+
+std::string Value(State& state) { return BytesOf(state.value); }
+std::string Other(State& state) { return state.other ? BytesOf(state.other) : "none"; }
+
+const OLECHAR* kLongText = OLESTR("a text that is too long for any place inside an object");
+
+State Everything() {
+  State state;
+  state.value = EverythingValue();
+  state.bytes = Bytes(4096);
+  return state;
+}
+
+State ArrayOfEverything() {
+  State state;
+  const auto definition = EverythingDefinition();
+  const auto array = NewArray(ArrayDefinition(definition));
+  for (int i = 0; i < 4; ++i) Add(array, Object(NewValue(definition)));
+  state.value = array;
+  state.other = EverythingValue();
+  state.bytes = Bytes(4096);
+  return state;
+}
+
+State Texts() {
+  State state;
+  const auto texts = NewArray(SimpleArrayDefinition(kString));
+  Add(texts, Text(kLongText));
+  state.value = texts;
+  state.content = Text(kLongText);
+  return state;
+}
+
+State Numbers() {
+  State state;
+  const auto numbers = NewArray(SimpleArrayDefinition(kReal));
+  AddAll(numbers, {1, 2, 3});
+  state.value = numbers;
+  return state;
+}
+
+using Each = EachAllocation<State>;
+
+State WithItem(State state, Variant index, Variant content) {
+  state.index = std::move(index);
+  state.content = std::move(content);
+  return state;
+}
+
+HRESULT Put(State& state) { return state.value->put_Item(state.index.get(), state.content.get()); }
+
+TEST(ValueMemory, PuttingATextMember) {
+  Each{[] { return WithItem(Everything(), Text(OLESTR("Label")), Text(kLongText)); }, Put, Value}.Run();
+}
+
+TEST(ValueMemory, PuttingATextThatIsANumber) {
+  Each{[] { return WithItem(Everything(), Text(OLESTR("Number")), Text(OLESTR("-77"))); }, Put, Value}.Run();
+}
+
+TEST(ValueMemory, PuttingAnElementOfTexts) {
+  Each{[] { return WithItem(Texts(), I4(0), Text(OLESTR("another text that is too long for any object"))); },
+       Put, Value}
+      .Run();
+}
+
+TEST(ValueMemory, GettingATextMember) {
+  Each{[] {
+         State state = WithItem(Everything(), Text(OLESTR("Label")), Text(kLongText));
+         EXPECT_EQ(Put(state), S_OK);
+         return state;
+       },
+       [](State& state) { return state.value->get_Item(state.index.get(), state.content.Out()); },
+       [](State& state) { return Describe(state.content); }}
+      .Run();
+}
+
+TEST(ValueMemory, Reading) {
+  Each{[] {
+         State state = Everything();
+         EXPECT_EQ(WriteBytes(state.value, state.bytes), S_OK);
+         state.value = NewValue(EverythingDefinition());
+         return state;
+       },
+       [](State& state) { return ReadBytes(state.value, state.bytes); }, Value}
+      .Run();
+}
+
+TEST(ValueMemory, ReadingAnArray) {
+  Each{[] {
+         State state = ArrayOfEverything();
+         EXPECT_EQ(WriteBytes(state.value, state.bytes), S_OK);
+         state.value = NewArray(ArrayDefinition(EverythingDefinition()));
+         return state;
+       },
+       [](State& state) { return ReadBytes(state.value, state.bytes); }, Value}
+      .Run();
+}
+
+TEST(ValueMemory, Copying) {
+  Each{Everything, [](State& state) { return state.value->Copy(state.other.Out()); }, Other}.Run();
+}
+
+TEST(ValueMemory, CopyingAnArray) {
+  Each{ArrayOfEverything, [](State& state) { return state.value->Copy(state.other.Out()); }, Other}.Run();
+}
+
+TEST(ValueMemory, CopyingNumbers) {
+  Each{Numbers, [](State& state) { return state.value->Copy(state.other.Out()); }, Other}.Run();
+}
+
+// An element may be there although its content did not fit any more, so the call is not
+// made again.
+TEST(ValueMemory, AddingAText) {
+  Each{Texts, [](State& state) { return state.value->Add(state.content.get()); }, Value, false}.Run();
+}
+
+TEST(ValueMemory, AddingANumber) {
+  Each{[] { return WithItem(Numbers(), Variant(), Text(OLESTR("4.5"))); },
+       [](State& state) { return state.value->Add(state.content.get()); }, Value, false}
+      .Run();
+}
+
+TEST(ValueMemory, AddingAnObject) {
+  Each{[] {
+         State state = ArrayOfEverything();
+         state.content = Object(state.other);
+         return state;
+       },
+       [](State& state) { return state.value->Add(state.content.get()); }, Value}
+      .Run();
+}
+
+TEST(ValueMemory, MovingNumbersByPath) {
+  Each{[] {
+         State state = ArrayOfEverything();
+         state.content = Text(OLESTR("Place.X[Y]"));
+         return state;
+       },
+       [](State& state) {
+         double numbers[8] = {};
+         VARIANT_BOOL done = VARIANT_FALSE;
+         const auto array = state.value.As<IArray>();
+         const HRESULT hr = array->BuildNumericArray(state.content->bstrVal, I4(kReal).get(),
+                                                     reinterpret_cast<unsigned char*>(numbers), &done);
+         return SUCCEEDED(hr) && done == VARIANT_FALSE ? E_FAIL : hr;
+       },
+       Value}
+      .Run();
+}
+
+}  // namespace
+}  // namespace halyard::test

@@ -1,0 +1,52 @@
+// halyard_replay FOLDER...: runs the kept inputs, each FOLDER having one folder per target,
+// and prints "N passed, N failed". A broken promise or a report of the sanitizers ends it.
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <vector>
+
+#include "halyard/object/live_objects.h"
+#include "halyard/platform/messages.h"
+#include "tests/fuzz/support/memory_bound.h"
+#include "tests/fuzz/targets.h"
+
+namespace halyard::fuzz {
+namespace {
+
+std::vector<std::filesystem::path> FilesIn(const std::filesystem::path& folder) {
+  std::vector<std::filesystem::path> files;
+  if (std::filesystem::is_directory(folder))
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) files.push_back(entry.path());
+  std::sort(files.begin(), files.end());
+  return files;
+}
+
+// Whether the input left no object behind.
+bool Replay(const TargetRow& target, const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  const std::vector<char> content{std::istreambuf_iterator<char>(file), {}};
+  std::fprintf(stderr, "%s %s\n", target.name, path.filename().c_str());
+  target.run({reinterpret_cast<const unsigned char*>(content.data()), content.size()});
+  return LiveObjects() == 0;
+}
+
+}  // namespace
+}  // namespace halyard::fuzz
+
+int main(int argc, char** argv) {
+  using namespace halyard;
+  SetMessageHandler([](const char*, const char*) {});
+  int passed = 0;
+  int failed = 0;
+  for (int i = 1; i < argc; ++i) {
+    for (const fuzz::TargetRow& target : fuzz::Targets()) {
+      for (const auto& path : fuzz::FilesIn(std::filesystem::path(argv[i]) / target.name)) {
+        ++(fuzz::Replay(target, path) ? passed : failed);
+      }
+    }
+  }
+  std::printf("most memory: %zu bytes\n%d passed, %d failed\n", fuzz::MemoryBound::Peak(), passed, failed);
+  return failed == 0 && passed > 0 ? 0 : 1;
+}

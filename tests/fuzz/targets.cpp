@@ -1,0 +1,15 @@
+#include "tests/fuzz/targets.h"
+
+namespace halyard::fuzz {
+namespace {
+
+constexpr TargetRow kTargets[] = {
+    {"file", FileTarget},   {"unit", UnitTarget}, {"definition", DefinitionTarget},
+    {"value", ValueTarget}, {"path", PathTarget}, {"text", TextTarget},
+};
+
+}  // namespace
+
+std::span<const TargetRow> Targets() noexcept { return kTargets; }
+
+}  // namespace halyard::fuzz
