@@ -4,7 +4,7 @@ for preset in native native-asan; do
   if build_preset "$preset"; then
     gtest_suite "$preset unit" "build/$preset/tests/halyard_unit_tests"
     gtest_suite "$preset conformance" "build/$preset/tests/halyard_conformance_tests"
-    gtest_suite "$preset failing memory" "build/$preset/tests/failures/halyard_failure_tests"
+    gtest_suite "$preset failures" "build/$preset/tests/failures/halyard_failure_tests"
     gtest_suite "$preset examples" "build/$preset/tests/examples/halyard_example_tests"
     ctest_suite "$preset programs" "build/$preset" --label-exclude gtest
     case "$preset" in

@@ -1,0 +1,80 @@
+#include "tests/failures/failing_calls.h"
+
+#include <sys/types.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <optional>
+
+namespace halyard::test {
+namespace {
+
+struct Plan {
+  std::size_t which;
+  Fault fault;
+};
+
+std::optional<Plan> g_plan;
+std::size_t g_calls = 0;
+bool g_happened = false;
+
+// The fault of the call that is made now, if it has one.
+std::optional<Fault> NextFault() {
+  if (!g_plan) return std::nullopt;
+  ++g_calls;
+  if (g_plan->fault == Fault::kHalfThenFull && g_happened) return Fault::kNoSpace;
+  if (g_plan->which != 0 && g_plan->which != g_calls) return std::nullopt;
+  g_happened = true;
+  return g_plan->fault;
+}
+
+int ErrorOf(Fault fault) {
+  switch (fault) {
+    case Fault::kNoSpace:
+      return ENOSPC;
+    case Fault::kDevice:
+      return EIO;
+    default:
+      return EINTR;
+  }
+}
+
+// Makes the call, or not, as the plan says.
+template <class Call>
+ssize_t Move(std::size_t size, Call&& call) {
+  const std::optional<Fault> fault = NextFault();
+  if (!fault) return call(size);
+  if (*fault == Fault::kHalf || *fault == Fault::kHalfThenFull)
+    return call(std::max<std::size_t>(size / 2, std::min<std::size_t>(size, 1)));
+  errno = ErrorOf(*fault);
+  return -1;
+}
+
+}  // namespace
+
+FailingCall::FailingCall(std::size_t which, Fault fault) {
+  g_calls = 0;
+  g_happened = false;
+  g_plan = Plan{which, fault};
+}
+
+FailingCall::~FailingCall() { g_plan.reset(); }
+
+bool FailingCall::Happened() const { return g_happened; }
+
+}  // namespace halyard::test
+
+extern "C" {
+
+ssize_t __real_read(int file, void* bytes, std::size_t size);
+ssize_t __real_write(int file, const void* bytes, std::size_t size);
+
+ssize_t __wrap_read(int file, void* bytes, std::size_t size) {
+  return halyard::test::Move(size, [&](std::size_t part) { return __real_read(file, bytes, part); });
+}
+
+ssize_t __wrap_write(int file, const void* bytes, std::size_t size) {
+  return halyard::test::Move(size, [&](std::size_t part) { return __real_write(file, bytes, part); });
+}
+
+}  // extern "C"

@@ -1,0 +1,31 @@
+// System calls on files that go wrong on command. Whoever links this file reads and writes
+// through it: the linker redirects the calls of the program's own objects.
+#pragma once
+
+#include <cstddef>
+
+namespace halyard::test {
+
+// What becomes of a call that reads or writes.
+enum class Fault {
+  kNoSpace,      // fails with ENOSPC
+  kDevice,       // fails with EIO
+  kInterrupted,  // fails with EINTR, as when a signal came first
+  kHalf,         // moves half of the bytes, at least one
+  kHalfThenFull  // moves half of the bytes; all later calls fail with ENOSPC
+};
+
+// While it lives, call number `which` (1 for the first) has the fault; for `which` 0, every
+// call has.
+class FailingCall {
+ public:
+  FailingCall(std::size_t which, Fault fault);
+  ~FailingCall();
+  FailingCall(const FailingCall&) = delete;
+  FailingCall& operator=(const FailingCall&) = delete;
+
+  // Whether there were that many calls.
+  [[nodiscard]] bool Happened() const;
+};
+
+}  // namespace halyard::test

@@ -1,0 +1,173 @@
+// Files whose system calls fail, one after another.
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <csignal>
+#include <numeric>
+
+#include "tests/failures/failing_calls.h"
+#include "tests/failures/numbered_records.h"
+
+namespace halyard::test {
+namespace {
+
+constexpr LONG kRecords = 12;
+
+// 0, 1, ... count - 1.
+std::vector<LONG> FirstNumbers(LONG count) {
+  std::vector<LONG> numbers(static_cast<std::size_t>(count));
+  std::iota(numbers.begin(), numbers.end(), LONG{0});
+  return numbers;
+}
+
+// Opens, writes a definition and records, with one call failing; how many records were
+// reported as written, none where it did not come to that.
+struct Writing {
+  bool happened = false;
+  LONG written = 0;
+};
+
+Writing WriteWithFault(const TempFile& place, std::size_t which, Fault fault) {
+  const auto definition = NumberedDefinition();
+  const auto file = NewFile();
+  Writing result;
+  const FailingCall failing(which, fault);
+  if (OpenForWrite(file, place.name()) && WriteInfo(file, definition.get()))
+    result.written = WriteNumbered(file, definition, 0, kRecords);
+  result.happened = failing.Happened();
+  return result;
+}
+
+class EachWriteFails : public testing::TestWithParam<Fault> {};
+
+TEST_P(EachWriteFails, WhatWasReportedAsWrittenIsThere) {
+  for (std::size_t which = 1;; ++which) {
+    const TempFile place;
+    const Writing writing = WriteWithFault(place, which, GetParam());
+    if (!writing.happened) {
+      EXPECT_EQ(writing.written, kRecords);
+      EXPECT_GT(which, std::size_t{kRecords});
+      break;
+    }
+    EXPECT_LT(writing.written, kRecords) << "call " << which;
+    EXPECT_EQ(NumbersIn(place), FirstNumbers(writing.written)) << "call " << which;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Faults, EachWriteFails,
+                         testing::Values(Fault::kNoSpace, Fault::kDevice, Fault::kHalfThenFull));
+
+class EachWriteIsHeldUp : public testing::TestWithParam<Fault> {};
+
+TEST_P(EachWriteIsHeldUp, EveryRecordIsWritten) {
+  for (std::size_t which = 0;; ++which) {
+    // Interrupted for ever would be for ever.
+    if (which == 0 && GetParam() == Fault::kInterrupted) continue;
+    const TempFile place;
+    const Writing writing = WriteWithFault(place, which, GetParam());
+    EXPECT_EQ(writing.written, kRecords) << "call " << which;
+    EXPECT_EQ(NumbersIn(place), FirstNumbers(kRecords)) << "call " << which;
+    if (!writing.happened) break;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Faults, EachWriteIsHeldUp, testing::Values(Fault::kInterrupted, Fault::kHalf));
+
+void MakeFile(const TempFile& place) {
+  const auto definition = NumberedDefinition();
+  const auto file = NewFile();
+  EXPECT_TRUE(OpenForWrite(file, place.name()));
+  EXPECT_TRUE(WriteInfo(file, definition.get()));
+  EXPECT_EQ(WriteNumbered(file, definition, 0, kRecords), kRecords);
+}
+
+// Reads the file, by name or by handle, with one call failing.
+std::vector<LONG> ReadWithFault(const TempFile& place, bool by_name, std::size_t which, Fault fault,
+                                bool* happened) {
+  const auto file = NewFile();
+  const FailingCall failing(which, fault);
+  const bool is_open =
+      by_name ? OpenForRead(file, place.name()) : AttachForRead(file, OpenHandleForRead(place.path()));
+  auto numbers = is_open ? ReadNumbered(file) : std::vector<LONG>();
+  *happened = failing.Happened();
+  return numbers;
+}
+
+// Every record that is given is whole, and they come in their order up to the fault.
+TEST(EachReadFails, WhatIsGivenIsWhole) {
+  const TempFile place;
+  MakeFile(place);
+  for (const bool by_name : {true, false}) {
+    bool happened = true;
+    for (std::size_t which = 1; happened; ++which) {
+      const auto numbers = ReadWithFault(place, by_name, which, Fault::kDevice, &happened);
+      EXPECT_EQ(numbers, FirstNumbers(static_cast<LONG>(numbers.size()))) << "call " << which;
+      EXPECT_TRUE(happened || numbers.size() == std::size_t{kRecords});
+    }
+  }
+}
+
+TEST(EachReadIsHeldUp, EveryRecordIsRead) {
+  const TempFile place;
+  MakeFile(place);
+  for (const bool by_name : {true, false}) {
+    for (const Fault fault : {Fault::kHalf, Fault::kInterrupted}) {
+      bool happened = true;
+      for (std::size_t which = fault == Fault::kHalf ? 0 : 1; happened; ++which) {
+        EXPECT_EQ(ReadWithFault(place, by_name, which, fault, &happened), FirstNumbers(kRecords))
+            << "call " << which;
+      }
+    }
+  }
+}
+
+// A limit for the size of files, as a disk that is full in the middle of a record.
+class FileSizeLimit {
+ public:
+  explicit FileSizeLimit(rlim_t bytes) {
+    old_handler_ = std::signal(SIGXFSZ, SIG_IGN);
+    EXPECT_EQ(getrlimit(RLIMIT_FSIZE, &old_), 0);
+    const rlimit limit{bytes, old_.rlim_max};
+    EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+  }
+  ~FileSizeLimit() {
+    setrlimit(RLIMIT_FSIZE, &old_);
+    std::signal(SIGXFSZ, old_handler_);
+  }
+
+ private:
+  rlimit old_{};
+  void (*old_handler_)(int) = nullptr;
+};
+
+TEST(FullDisk, LeavesTheWholeRecords) {
+  for (rlim_t room = 0; room < 400; room += 7) {
+    const TempFile place;
+    LONG written = 0;
+    {
+      const FileSizeLimit limit(room);
+      const auto definition = NumberedDefinition();
+      const auto file = NewFile();
+      if (OpenForWrite(file, place.name()) && WriteInfo(file, definition.get()))
+        written = WriteNumbered(file, definition, 0, kRecords);
+    }
+    EXPECT_EQ(NumbersIn(place), FirstNumbers(written)) << room << " bytes";
+  }
+}
+
+// A file that somebody cuts while it is read.
+TEST(FileThatShrinks, EndsEarly) {
+  const TempFile place;
+  MakeFile(place);
+  const auto file = NewFile();
+  ASSERT_TRUE(AttachForRead(file, OpenHandleForRead(place.path())));
+  ASSERT_TRUE(ReadInfo(file));
+  ASSERT_TRUE(ReadData(file));
+  std::filesystem::resize_file(place.path(), std::filesystem::file_size(place.path()) / 2);
+  const auto numbers = ReadNumbered(file);
+  EXPECT_LT(numbers.size(), std::size_t{kRecords} - 1);
+  for (std::size_t i = 0; i < numbers.size(); ++i) EXPECT_EQ(numbers[i], static_cast<LONG>(i) + 1);
+}
+
+}  // namespace
+}  // namespace halyard::test
