@@ -46,12 +46,7 @@ class HalyardMembers final : public MemberAccess {
  private:
   const VARIANT& NameOf(LONG member) const { return names_[static_cast<std::size_t>(member)].get(); }
 
-  LONG Get(const VARIANT& index) {
-    VARIANT value;
-    VariantInit(&value);
-    Check(record_->get_Item(index, &value));
-    return value.lVal;
-  }
+  LONG Get(const VARIANT& index) { return NumberOf(*record_, index).lVal; }
 
   const Ptr<IValueBase> record_ = NewRecord();
   const std::vector<Variant> names_ = NewNames();

@@ -36,12 +36,7 @@ class HalyardRecords final : public RecordFile {
   }
 
  private:
-  static VARIANT Item(IValueBase& record, Member member) {
-    VARIANT value;
-    VariantInit(&value);
-    Check(record.get_Item(Position(member), &value));
-    return value;
-  }
+  static VARIANT Item(IValueBase& record, Member member) { return NumberOf(record, Position(member)); }
 
   static void Add(IValueBase& record, SoundingSums& sums) {
     sums.id += Item(record, kId).lVal;

@@ -97,12 +97,7 @@ class Filled {
   std::span<float, kSampleCount> samples_;
 };
 
-VARIANT Item(IValueBase& record, LONG member) {
-  VARIANT value;
-  VariantInit(&value);
-  Check(record.get_Item(Position(member), &value));
-  return value;
-}
+VARIANT Item(IValueBase& record, LONG member) { return NumberOf(record, Position(member)); }
 
 // The sum of a text member's characters; the text is freed.
 std::int64_t TextSum(IValueBase& record, Member member) {
