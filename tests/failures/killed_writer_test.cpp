@@ -12,7 +12,7 @@
 namespace halyard::test {
 namespace {
 
-constexpr int kKills = 60;
+constexpr int kKills = 200;
 constexpr const char* kKillsVariable = "HALYARD_KILLS";  // for long runs
 constexpr useconds_t kLongestLife = 3000;
 
