@@ -2,6 +2,8 @@
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
+#include <CLI/CLI.hpp>
+
 #include "tools/halyard/reference.h"
 
 namespace halyard::tool {

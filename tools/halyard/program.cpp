@@ -1,7 +1,11 @@
 #include "tools/halyard/program.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
+#include <sstream>
 
+#include "tools/halyard/input.h"
+#include "tools/halyard/output.h"
 #include "tools/halyard/reference.h"
 #include "tools/halyard/table_options.h"
 
@@ -14,35 +18,55 @@ constexpr char kDescription[] =
 constexpr char kFooter[] =
     "Exit codes: 0 fine, 1 the file has faults, 2 usage, 3 cannot read or write.\n"
     "'halyard VERB --help' explains a verb, with examples.";
-constexpr char kVersion[] = "halyard 1.0.0";
+constexpr char kVersion[] = "halyard " HALYARD_VERSION;
 
 // A column of help that leaves room for the longest option.
 constexpr std::size_t kOptionWidth = 34;
 
+// Prints what --help and --version ask for, or what is wrong with the arguments.
+ExitCode Answer(const CLI::App& program, const CLI::ParseError& error) {
+  std::ostringstream out;
+  std::ostringstream err;
+  const bool is_fault = program.exit(error, out, err) != 0;
+  Output output(kStandardStream);
+  output.Write(out.str());
+  output.Finish();
+  if (!is_fault) return ExitCode::kFine;
+  std::string text = err.str();
+  while (!text.empty() && text.back() == '\n') text.pop_back();
+  for (std::size_t end = 0; (end = text.find('\n')) != std::string::npos;) text.replace(end, 1, "; ");
+  Remark(text);
+  return ExitCode::kUsage;
+}
+
 }  // namespace
 
-Program::Program() : app_(kDescription, "halyard") {
-  app_.footer(kFooter);
-  app_.require_subcommand(1);
-  app_.fallthrough();
-  app_.get_formatter()->column_width(kOptionWidth);
-  app_.set_version_flag("--version", kVersion, "Print the version and end");
-  AddTextFormOption(app_, "--encoding", form_,
+Program::Program() : app_(std::make_unique<CLI::App>(kDescription, "halyard")) {
+  app_->footer(kFooter);
+  app_->require_subcommand(1);
+  app_->fallthrough();
+  app_->get_formatter()->column_width(kOptionWidth);
+  app_->set_version_flag("--version", kVersion, "Print the version and end");
+  Command common(*app_);
+  AddTextFormOption(common, "--encoding", form_,
                     "How texts lie in the files: windows-1252 (unless given), latin-1 or utf-8");
-  verbs_ = {AddInfo(app_),   AddDefs(app_),    AddCat(app_),   AddDoctor(app_), AddExport(app_),
-            AddImport(app_), AddRecover(app_), AddMerge(app_), AddFilter(app_)};
-  for (Verb& verb : ReferenceVerbs(app_)) verbs_.push_back(std::move(verb));
+  verbs_ = {AddInfo(*app_),   AddDefs(*app_),    AddCat(*app_),   AddDoctor(*app_), AddExport(*app_),
+            AddImport(*app_), AddRecover(*app_), AddMerge(*app_), AddFilter(*app_)};
+  for (Verb& verb : ReferenceVerbs(*app_)) verbs_.push_back(std::move(verb));
 }
 
-void Program::Parse(std::vector<std::string> arguments) {
+Program::~Program() = default;
+
+ExitCode Program::Run(std::vector<std::string> arguments) {
   std::reverse(arguments.begin(), arguments.end());  // the parser takes them from the end
-  app_.parse(arguments);
-}
-
-ExitCode Program::Run() {
+  try {
+    app_->parse(arguments);
+  } catch (const CLI::ParseError& error) {
+    return Answer(*app_, error);
+  }
   ChooseTextForm(form_);
   const auto chosen =
-      std::find_if(verbs_.begin(), verbs_.end(), [](const Verb& verb) { return verb.command->parsed(); });
+      std::find_if(verbs_.begin(), verbs_.end(), [](const Verb& verb) { return verb.command.IsChosen(); });
   return chosen->run();
 }
 

@@ -1,6 +1,7 @@
 // The program as its arguments see it: the verbs and the options that all of them share.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -12,17 +13,16 @@ namespace halyard::tool {
 class Program {
  public:
   Program();
+  ~Program();
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
 
-  // Throws CLI::ParseError where the arguments make no sense or ask for help.
-  void Parse(std::vector<std::string> arguments);
-
-  // Does what the arguments say.
-  ExitCode Run();
-
-  [[nodiscard]] CLI::App& app() noexcept { return app_; }
+  // Does what the arguments say, or prints what they ask for (--help, --version), or says
+  // what is wrong with them. Throws Failure where a verb has to stop.
+  ExitCode Run(std::vector<std::string> arguments);
 
  private:
-  CLI::App app_;
+  std::unique_ptr<CLI::App> app_;
   std::vector<Verb> verbs_;
   TextForm form_ = TextForm::kWindows1252;
 };

@@ -1,3 +1,4 @@
+#include "tools/halyard/input.h"
 #include "tools/halyard/output.h"
 #include "tools/halyard/reference.h"
 
@@ -5,7 +6,7 @@ namespace halyard::tool {
 namespace {
 
 ExitCode Print(const std::string& text) {
-  Output output("-");
+  Output output(kStandardStream);
   output.Write(text);
   output.Finish();
   return ExitCode::kFine;
@@ -14,11 +15,11 @@ ExitCode Print(const std::string& text) {
 }  // namespace
 
 std::vector<Verb> ReferenceVerbs(CLI::App& program) {
-  CLI::App* manual = AddCommand(program, "manual", "Print the manual page",
-                                {{"halyard manual | man -l -", "read it without installing it"}});
-  CLI::App* completion =
-      AddCommand(program, "completion", "Print the completion script for bash",
-                 {{"source <(halyard completion)", "complete verbs, options and files in this shell"}});
+  const Command manual(program, "manual", "Print the manual page",
+                       {{"halyard manual | man -l -", "read it without installing it"}});
+  const Command completion(
+      program, "completion", "Print the completion script for bash",
+      {{"source <(halyard completion)", "complete verbs, options and files in this shell"}});
   return {{manual, [&program] { return Print(ManualPage(program)); }},
           {completion, [&program] { return Print(BashCompletion(program)); }}};
 }

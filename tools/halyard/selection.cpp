@@ -33,22 +33,14 @@ std::string TakeRange(const std::string& text, RecordRange& range) {
 
 }  // namespace
 
-void Selection::AddDefinitionOption(CLI::App& verb, const std::string& description) {
-  verb.add_option("-d,--definition", definitions_, description)
-      ->type_name("NAME|ID")
-      ->allow_extra_args(false);
+void Selection::AddDefinitionOption(Command& verb, const std::string& about) {
+  verb.Option({"-d,--definition", "NAME|ID", about}, definitions_);
 }
 
-void Selection::AddOptions(CLI::App& verb) {
+void Selection::AddOptions(Command& verb) {
   AddDefinitionOption(verb, "Only values of this definition, by name or id; may be given several times");
-  verb.add_option_function<std::string>(
-          "-r,--records",
-          [this](const std::string& text) {
-            const std::string fault = TakeRange(text, range_);
-            if (!fault.empty()) throw CLI::ValidationError("--records", fault);
-          },
-          "Only these records, counted from 1 over all records of the file")
-      ->type_name("N|M-N|M-");
+  verb.Option({"-r,--records", "N|M-N|M-", "Only these records, counted from 1 over all records of the file"},
+              [this](const std::string& text) { return TakeRange(text, range_); });
 }
 
 bool Selection::HasNumber(std::uint64_t number) const noexcept {

@@ -1,12 +1,12 @@
 // Which records a verb works on: those of chosen definitions, and a range of numbers.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <cstdint>
 #include <limits>
 #include <string>
 #include <vector>
 
+#include "tools/halyard/command.h"
 #include "tools/halyard/definition_view.h"
 
 namespace halyard::tool {
@@ -19,10 +19,10 @@ struct RecordRange {
 class Selection {
  public:
   // Adds --definition and --records to a verb.
-  void AddOptions(CLI::App& verb);
+  void AddOptions(Command& verb);
 
   // Adds --definition alone, with another meaning.
-  void AddDefinitionOption(CLI::App& verb, const std::string& description);
+  void AddDefinitionOption(Command& verb, const std::string& about);
 
   // Whether a record of that number is in the range.
   [[nodiscard]] bool HasNumber(std::uint64_t number) const noexcept;

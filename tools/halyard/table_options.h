@@ -1,9 +1,9 @@
 // The options about the form of a table, which export and import share.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <string>
 
+#include "tools/halyard/command.h"
 #include "tools/halyard/text.h"
 
 namespace halyard::tool {
@@ -13,11 +13,10 @@ struct TableOptions {
   TextForm form = TextForm::kUtf8;
   bool has_no_header = false;
 
-  void AddOptions(CLI::App& verb);
+  void AddOptions(Command& verb);
 };
 
 // The choices of --encoding and --table-encoding.
-CLI::Option* AddTextFormOption(CLI::App& app, const std::string& name, TextForm& form,
-                               const std::string& description);
+void AddTextFormOption(Command& command, const std::string& name, TextForm& form, const std::string& about);
 
 }  // namespace halyard::tool

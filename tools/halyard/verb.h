@@ -5,24 +5,20 @@
 // it throws Failure where it has to stop.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <functional>
 
+#include "tools/halyard/command.h"
 #include "tools/halyard/failure.h"
 #include "tools/halyard/remark.h"
 
 namespace halyard::tool {
 
 struct Verb {
-  CLI::App* command = nullptr;
+  Command command;
   std::function<ExitCode()> run;
 };
 
-// Adds a command with help that ends with examples. Each example is a command line and
-// what it does.
-CLI::App* AddCommand(CLI::App& program, const std::string& name, const std::string& description,
-                     const std::vector<std::pair<std::string, std::string>>& examples);
-
+// Each adds its command to the program.
 Verb AddInfo(CLI::App& program);
 Verb AddDefs(CLI::App& program);
 Verb AddCat(CLI::App& program);

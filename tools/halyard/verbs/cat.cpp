@@ -54,23 +54,21 @@ ExitCode Run(const Options& options) {
 
 Verb AddCat(CLI::App& program) {
   const auto options = std::make_shared<Options>();
-  CLI::App* command = AddCommand(
+  Command command(
       program, "cat", "Show values as a table, as trees or as JSON",
       {{"halyard cat soundings.orm", "all values, a row each; an array has a row for each element"},
        {"halyard cat -r 2-11 -m Depth -m Position.X soundings.orm", "two members of ten records"},
        {"halyard cat --json soundings.orm | jq .Depth",
         "a JSON document for each value, on a line of its own"}});
-  command->add_option("FILE", options->file, "The file, or - for standard input")->required();
-  options->selection.AddOptions(*command);
-  command
-      ->add_option(
-          "-m,--member", options->members,
-          "Only this member, by its path (Depth, Position.X, Samples[3]); may be given several times")
-      ->type_name("PATH")
-      ->allow_extra_args(false);
-  auto* json = command->add_flag("--json", options->as_json, "A JSON document for each value");
-  command->add_flag("--tree", options->as_tree, "A tree for each value")->excludes(json);
-  command->add_flag("--wide", options->whole_cells, "Cut no cell of the table, also on a terminal");
+  command.Need({"FILE", "", "The file, or - for standard input"}, options->file);
+  options->selection.AddOptions(command);
+  command.Option(
+      {"-m,--member", "PATH",
+       "Only this member, by its path (Depth, Position.X, Samples[3]); may be given several times"},
+      options->members);
+  command.Flag({"--json", "", "A JSON document for each value"}, options->as_json);
+  command.Flag({"--tree", "", "A tree for each value"}, options->as_tree, "--json");
+  command.Flag({"--wide", "", "Cut no cell of the table, also on a terminal"}, options->whole_cells);
   return {command, [options] { return Run(*options); }};
 }
 

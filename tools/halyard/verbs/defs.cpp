@@ -140,19 +140,17 @@ ExitCode Run(const Options& options) {
 
 Verb AddDefs(CLI::App& program) {
   const auto options = std::make_shared<Options>();
-  CLI::App* command = AddCommand(program, "defs",
-                                 "Show definitions as trees: members, types, places, sizes, ranges, elements",
-                                 {{"halyard defs soundings.orm", "all definitions of a file"},
-                                  {"halyard defs --layout -d Sounding soundings.orm",
-                                   "one of them, with a map of the bytes of its values"},
-                                  {"halyard defs --svg layout.svg soundings.orm", "the maps as a picture"}});
-  command->add_option("FILE", options->file, "The file, or - for standard input")->required();
-  options->selection.AddOptions(*command);
-  command->add_flag("--layout", options->shows_layout, "Draw the bytes of each structure, 16 a row");
-  command
-      ->add_option("--svg", options->picture,
-                   "Draw them as a picture into this file, or - for standard output")
-      ->type_name("OUT");
+  Command command(program, "defs",
+                  "Show definitions as trees: members, types, places, sizes, ranges, elements",
+                  {{"halyard defs soundings.orm", "all definitions of a file"},
+                   {"halyard defs --layout -d Sounding soundings.orm",
+                    "one of them, with a map of the bytes of its values"},
+                   {"halyard defs --svg layout.svg soundings.orm", "the maps as a picture"}});
+  command.Need({"FILE", "", "The file, or - for standard input"}, options->file);
+  options->selection.AddOptions(command);
+  command.Flag({"--layout", "", "Draw the bytes of each structure, 16 a row"}, options->shows_layout);
+  command.Option({"--svg", "OUT", "Draw them as a picture into this file, or - for standard output"},
+                 options->picture);
   return {command, [options] { return Run(*options); }};
 }
 

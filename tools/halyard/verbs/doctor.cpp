@@ -155,17 +155,14 @@ ExitCode Run(const Options& options) {
 
 Verb AddDoctor(CLI::App& program) {
   const auto options = std::make_shared<Options>();
-  CLI::App* command =
-      AddCommand(program, "doctor", "Read every byte with suspicion and say what is wrong, and where",
-                 {{"halyard doctor soundings.orm", "list faults and remarks; the exit code is 1 for faults"},
-                  {"halyard doctor --json *.orm", "a JSON document for each finding and each file"}});
-  command->add_option("FILE", options->files, "The files, or - for standard input")->required();
-  command->add_flag("--json", options->form.as_json,
-                    "A JSON document for each finding and a last one for each file");
-  command
-      ->add_option("--limit", options->form.limit,
-                   "List that many findings of a file and count the others (1000)")
-      ->type_name("N");
+  Command command(program, "doctor", "Read every byte with suspicion and say what is wrong, and where",
+                  {{"halyard doctor soundings.orm", "list faults and remarks; the exit code is 1 for faults"},
+                   {"halyard doctor --json *.orm", "a JSON document for each finding and each file"}});
+  command.Need({"FILE", "", "The files, or - for standard input"}, options->files);
+  command.Flag({"--json", "", "A JSON document for each finding and a last one for each file"},
+               options->form.as_json);
+  command.Option({"--limit", "N", "List that many findings of a file and count the others (1000)"},
+                 options->form.limit);
   return {command, [options] { return Run(*options); }};
 }
 

@@ -57,29 +57,25 @@ ExitCode Run(const Options& options) {
 
 Verb AddExport(CLI::App& program) {
   const auto options = std::make_shared<Options>();
-  CLI::App* command = AddCommand(
+  Command command(
       program, "export", "Write members to a table of comma-separated values, or to a file of raw numbers",
       {{"halyard export soundings.orm -o soundings.csv", "all members; nested ones by their path"},
        {"halyard export -m Depth -m Position.X soundings.orm", "two columns, on standard output"},
        {"halyard export --raw Real -m Depth soundings.orm -o depth.f64",
         "one number of 8 bytes for each value"}});
-  command->add_option("FILE", options->file, "The file, or - for standard input")->required();
-  command->add_option("-o,--output", options->output, "The new file; standard output unless given")
-      ->type_name("OUT");
-  options->selection.AddOptions(*command);
-  command
-      ->add_option(
-          "-m,--member", options->members,
-          "Only this member, by its path (Depth, Position.X, Samples[3]); may be given several times")
-      ->type_name("PATH")
-      ->allow_extra_args(false);
-  command
-      ->add_option(
-          "--raw", options->number_type,
-          "Little-endian numbers of this type instead of a table: Char, Byte, Short, Word, Long, DWord, "
-          "ShortReal or Real")
-      ->type_name("TYPE");
-  options->table.AddOptions(*command);
+  command.Need({"FILE", "", "The file, or - for standard input"}, options->file);
+  command.Option({"-o,--output", "OUT", "The new file; standard output unless given"}, options->output);
+  options->selection.AddOptions(command);
+  command.Option(
+      {"-m,--member", "PATH",
+       "Only this member, by its path (Depth, Position.X, Samples[3]); may be given several times"},
+      options->members);
+  command.Option(
+      {"--raw", "TYPE",
+       "Little-endian numbers of this type instead of a table: Char, Byte, Short, Word, Long, DWord, "
+       "ShortReal or Real"},
+      options->number_type);
+  options->table.AddOptions(command);
   return {command, [options] { return Run(*options); }};
 }
 

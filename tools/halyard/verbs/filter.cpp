@@ -109,16 +109,13 @@ ExitCode Run(const Options& options) {
 
 Verb AddFilter(CLI::App& program) {
   const auto options = std::make_shared<Options>();
-  CLI::App* command =
-      AddCommand(program, "filter", "Keep chosen definitions and records",
-                 {{"halyard filter -d Sounding all.orm -o soundings.orm", "the values of one definition"},
-                  {"halyard filter -r 1000-1999 all.orm -o - | halyard cat -",
-                   "a range of records, with the definitions that they need"}});
-  command->add_option("FILE", options->file, "The file, or - for standard input")->required();
-  command->add_option("-o,--output", options->output, "The new file, or - for standard output")
-      ->required()
-      ->type_name("OUT");
-  options->selection.AddOptions(*command);
+  Command command(program, "filter", "Keep chosen definitions and records",
+                  {{"halyard filter -d Sounding all.orm -o soundings.orm", "the values of one definition"},
+                   {"halyard filter -r 1000-1999 all.orm -o - | halyard cat -",
+                    "a range of records, with the definitions that they need"}});
+  command.Need({"FILE", "", "The file, or - for standard input"}, options->file);
+  command.NeedOption({"-o,--output", "OUT", "The new file, or - for standard output"}, options->output);
+  options->selection.AddOptions(command);
   return {command, [options] { return Run(*options); }};
 }
 

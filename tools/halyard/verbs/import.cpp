@@ -30,7 +30,7 @@ struct Options {
   std::string like;
   Selection definition;  // in the other file
   std::vector<std::string> types;
-  std::size_t most_elements = 0;
+  std::uint64_t most_elements = 0;
   bool as_array = false;
 };
 
@@ -195,32 +195,26 @@ ExitCode RunImport(const Options& options) {
 
 Verb AddImport(CLI::App& program) {
   const auto options = std::make_shared<Options>();
-  CLI::App* command = AddCommand(
+  Command command(
       program, "import", "Make a file of units from a table of comma-separated values",
       {{"halyard import soundings.csv -o soundings.orm", "a record for each row, types from the texts"},
        {"halyard import --type Price=Real --enumerations 20 stock.csv -o stock.orm",
         "one type given; columns of at most 20 different texts become enumerations"},
        {"halyard import --like old.orm new.csv -o new.orm",
         "the definition of another file; columns name its members"}});
-  command->add_option("TABLE", options->table, "The table, or - for standard input")->required();
-  command->add_option("-o,--output", options->output, "The new file, or - for standard output")
-      ->required()
-      ->type_name("OUT");
-  command->add_option("--name", options->name, "The name of the definition; that of the table unless given")
-      ->type_name("NAME");
-  command->add_option("--type", options->types, "The type of a column, as Price=Real or Code=FixedString(8)")
-      ->type_name("COLUMN=TYPE")
-      ->allow_extra_args(false);
-  command
-      ->add_option("--enumerations", options->most_elements,
-                   "Make enumerations of columns with at most N different texts")
-      ->type_name("N");
-  command->add_flag("--array", options->as_array,
-                    "One array value that holds all rows, instead of a record for each");
-  command->add_option("--like", options->like, "Take the definition from this file")->type_name("FILE");
-  options->definition.AddDefinitionOption(*command,
-                                          "The definition of that name or id in the file of --like");
-  options->form.AddOptions(*command);
+  command.Need({"TABLE", "", "The table, or - for standard input"}, options->table);
+  command.NeedOption({"-o,--output", "OUT", "The new file, or - for standard output"}, options->output);
+  command.Option({"--name", "NAME", "The name of the definition; that of the table unless given"},
+                 options->name);
+  command.Option({"--type", "COLUMN=TYPE", "The type of a column, as Price=Real or Code=FixedString(8)"},
+                 options->types);
+  command.Option({"--enumerations", "N", "Make enumerations of columns with at most N different texts"},
+                 options->most_elements);
+  command.Flag({"--array", "", "One array value that holds all rows, instead of a record for each"},
+               options->as_array);
+  command.Option({"--like", "FILE", "Take the definition from this file"}, options->like);
+  options->definition.AddDefinitionOption(command, "The definition of that name or id in the file of --like");
+  options->form.AddOptions(command);
   return {command, [options] { return RunImport(*options); }};
 }
 

@@ -178,12 +178,12 @@ ExitCode Run(const Options& options) {
 
 Verb AddInfo(CLI::App& program) {
   const auto options = std::make_shared<Options>();
-  CLI::App* command = AddCommand(
-      program, "info", "Show what is in files: sizes, records, definitions, and whether they are whole",
-      {{"halyard info soundings.orm", "everything about one file"},
-       {"halyard info --json *.orm", "the same of many files, for programs"}});
-  command->add_option("FILE", options->files, "The files, or - for standard input")->required();
-  command->add_flag("--json", options->as_json, "A JSON document for each file, with plain numbers");
+  Command command(program, "info",
+                  "Show what is in files: sizes, records, definitions, and whether they are whole",
+                  {{"halyard info soundings.orm", "everything about one file"},
+                   {"halyard info --json *.orm", "the same of many files, for programs"}});
+  command.Need({"FILE", "", "The files, or - for standard input"}, options->files);
+  command.Flag({"--json", "", "A JSON document for each file, with plain numbers"}, options->as_json);
   return {command, [options] { return Run(*options); }};
 }
 

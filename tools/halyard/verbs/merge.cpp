@@ -149,14 +149,11 @@ ExitCode Run(const Options& options) {
 
 Verb AddMerge(CLI::App& program) {
   const auto options = std::make_shared<Options>();
-  CLI::App* command =
-      AddCommand(program, "merge", "Put several files into one, equal definitions once",
-                 {{"halyard merge monday.orm tuesday.orm -o week.orm",
-                   "clashing ids are renumbered; a file with faults is refused, and nothing is written"}});
-  command->add_option("FILE", options->files, "The files, in this order; - is standard input")->required();
-  command->add_option("-o,--output", options->output, "The new file, or - for standard output")
-      ->required()
-      ->type_name("OUT");
+  Command command(program, "merge", "Put several files into one, equal definitions once",
+                  {{"halyard merge monday.orm tuesday.orm -o week.orm",
+                    "clashing ids are renumbered; a file with faults is refused, and nothing is written"}});
+  command.Need({"FILE", "", "The files, in this order; - is standard input"}, options->files);
+  command.NeedOption({"-o,--output", "OUT", "The new file, or - for standard output"}, options->output);
   return {command, [options] { return Run(*options); }};
 }
 

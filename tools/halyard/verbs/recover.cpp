@@ -177,14 +177,12 @@ ExitCode Run(const Options& options) {
 
 Verb AddRecover(CLI::App& program) {
   const auto options = std::make_shared<Options>();
-  CLI::App* command = AddCommand(
+  Command command(
       program, "recover", "Save the whole records of a damaged file and say what was lost",
       {{"halyard recover cut.orm -o whole.orm", "the exit code is 1 where anything was lost"},
        {"dd if=/dev/sdb1 | halyard recover - -o found.orm", "records in the midst of anything else"}});
-  command->add_option("FILE", options->file, "The damaged file, or - for standard input")->required();
-  command->add_option("-o,--output", options->output, "The new file, or - for standard output")
-      ->required()
-      ->type_name("OUT");
+  command.Need({"FILE", "", "The damaged file, or - for standard input"}, options->file);
+  command.NeedOption({"-o,--output", "OUT", "The new file, or - for standard output"}, options->output);
   return {command, [options] { return Run(*options); }};
 }
 
