@@ -47,8 +47,11 @@ Input::Input(const std::string& name)
   if (descriptor_ != kStandardInput) size_ = SizeOf(descriptor_);
 }
 
-Input::~Input() {
-  if (descriptor_ != kStandardInput) CloseDescriptor(descriptor_);
+Input::~Input() { Close(); }
+
+void Input::Close() noexcept {
+  if (descriptor_ != kStandardInput && descriptor_ != kNoDescriptor) CloseDescriptor(descriptor_);
+  descriptor_ = kNoDescriptor;
 }
 
 std::size_t Input::Fill() {

@@ -52,6 +52,10 @@ class Input {
   // its beginning; files are left as they are.
   void MakeSeekable();
 
+  // Lets the file go. On Windows nothing can take the name of a file that is open, and an
+  // output may be the input.
+  void Close() noexcept;
+
   // Whether somebody writes the file: it is locked, or longer than it was.
   [[nodiscard]] bool IsBeingWritten() const noexcept;
 

@@ -3,38 +3,31 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <charconv>
-#include <string_view>
 
 #include "tools/halyard/ascii.h"
 #include "tools/halyard/failure.h"
 #include "tools/halyard/framing.h"
+#include "tools/halyard/path_text.h"
+#include "tools/halyard/rows.h"
 
 namespace halyard::tool {
 namespace {
 
-constexpr std::size_t kLongestPath = 510;  // what the library takes
+constexpr std::size_t kMostParts = 512;  // what the library takes; lists multiply
 constexpr int kDeepestColumns = 64;
 
-class PathParser {
+class PathWalker {
  public:
-  PathParser(const std::string& text, const DefinitionPtr& definition) : text_(text), rest_(text) {
-    if (text.size() > kLongestPath) Fail("it is longer than 510 characters");
-    paths_.push_back({"", {}, definition});
+  explicit PathWalker(const std::string& text) : text_(text) {
+    CutPath cut = CutMemberPath(text);
+    if (cut.fault) Fail(*cut.fault);
+    parts_ = std::move(cut.parts);
   }
 
-  std::vector<MemberPath> Parse() {
-    if (!rest_.empty() && rest_.front() == '.') rest_.remove_prefix(1);
-    bool is_first = true;
-    while (!rest_.empty()) {
-      if (rest_.front() == '[') {
-        TakeBrackets();
-      } else {
-        if (!is_first) TakeDot();
-        StepToMember(paths_.front(), TakeUntil(".["));
-      }
-      is_first = false;
-    }
+  std::vector<MemberPath> Walk(const DefinitionPtr& definition) {
+    const bool skips_first = IndexesItself(definition);
+    if (skips_first) CheckIndices(parts_.front(), *definition);
+    Walk(skips_first ? 1 : 0, {"", {}, RowDefinition(definition)});
     return std::move(paths_);
   }
 
@@ -43,63 +36,72 @@ class PathParser {
     throw Failure(ExitCode::kUsage, fmt::format("the member path '{}' cannot be followed: {}", text_, why));
   }
 
-  std::string_view TakeUntil(std::string_view ends) {
-    const std::string_view part = rest_.substr(0, rest_.find_first_of(ends));
-    rest_.remove_prefix(part.size());
-    return part;
+  // Whether the path begins with an index of the array itself: it has more indices in
+  // front than there are arrays inside the array.
+  bool IndexesItself(const DefinitionPtr& definition) const {
+    if (definition->type != kArray) return false;
+    const DefinitionView* inner = definition.get();
+    for (const PathPart& part : parts_) {
+      if (part.kind != PathPart::Kind::kIndices) return false;
+      inner = inner->element.get();
+      if (inner->type != kArray) return true;
+    }
+    return false;
   }
 
-  void TakeDot() {
-    if (paths_.size() > 1) Fail("nothing can follow a list of members");
-    if (rest_.front() != '.') Fail("a dot or a bracket is missing");
-    rest_.remove_prefix(1);
-  }
-
-  void TakeBrackets() {
-    if (paths_.size() > 1) Fail("nothing can follow a list of members");
-    rest_.remove_prefix(1);
-    std::string_view inside = TakeUntil("]");
-    if (rest_.empty()) Fail("a closing bracket is missing");
-    rest_.remove_prefix(1);
-    const MemberPath start = paths_.front();
-    bool has_names = false;
-    for (bool is_last = false; !is_last;) {
-      const std::size_t comma = inside.find(',');
-      const std::string_view part = inside.substr(0, comma);
-      is_last = comma == std::string_view::npos;
-      if (!is_last) inside.remove_prefix(comma + 1);
-      LONG index = 0;
-      const auto number = std::from_chars(part.data(), part.data() + part.size(), index);
-      if (number.ec == std::errc() && number.ptr == part.data() + part.size()) {
-        if (has_names) Fail("a list names members or elements, not both");
-        StepToElement(paths_.front(), index);
-      } else {
-        if (has_names) paths_.push_back(start);
-        has_names = true;
-        StepToMember(paths_.back(), part);
-      }
+  void CheckIndices(const PathPart& part, const DefinitionView& array) const {
+    for (const LONG index : part.indices) {
+      if (index < 0 || (array.element_count != 0 && index >= array.element_count))
+        Fail(fmt::format("there is no element {}", index));
     }
   }
 
-  void StepToElement(MemberPath& path, LONG index) {
-    if (path.definition->type != kArray) Fail(fmt::format("{} is no array", Described(path)));
-    const LONG count = path.definition->element_count;
-    if (index < 0 || (count != 0 && index >= count)) Fail(fmt::format("there is no element {}", index));
-    path.steps.push_back(index);
-    path.title += fmt::format("[{}]", index);
-    path.definition = path.definition->element;
+  // Follows the parts from `next` on and adds the ways that they lead.
+  void Walk(std::size_t next, const MemberPath& here) {
+    if (next == parts_.size()) {
+      if (paths_.size() == kMostParts) Fail(fmt::format("it names more than {} members", kMostParts));
+      paths_.push_back(here);
+      return;
+    }
+    const PathPart& part = parts_[next];
+    if (part.kind == PathPart::Kind::kIndices) {
+      Walk(next + 1, Element(here, part));
+      return;
+    }
+    std::vector<std::string> names = part.names;
+    std::size_t behind = next + 1;
+    // A list behind a name adds members of the same structure.
+    const bool has_list = part.kind == PathPart::Kind::kName && behind < parts_.size() &&
+                          parts_[behind].kind == PathPart::Kind::kNames;
+    if (has_list) {
+      names.insert(names.end(), parts_[behind].names.begin(), parts_[behind].names.end());
+      ++behind;
+    }
+    for (const std::string& name : names) Walk(behind, Member(here, name));
   }
 
-  void StepToMember(MemberPath& path, std::string_view name) {
-    if (path.definition->type != kStructure) Fail(fmt::format("{} is no structure", Described(path)));
-    const auto& members = path.definition->members;
+  MemberPath Element(const MemberPath& here, const PathPart& part) const {
+    if (here.definition->type != kArray) Fail(Described(here) + " is no array");
+    CheckIndices(part, *here.definition);
+    MemberPath next = here;
+    next.steps.push_back(part.indices.front());
+    next.title += fmt::format("[{}]", part.indices.front());
+    next.definition = here.definition->element;
+    return next;
+  }
+
+  MemberPath Member(const MemberPath& here, const std::string& name) const {
+    if (here.definition->type != kStructure) Fail(Described(here) + " is no structure");
+    const auto& members = here.definition->members;
     const auto member = std::find_if(members.begin(), members.end(), [&](const MemberView& candidate) {
       return EqualIgnoringCase(candidate.name, name);
     });
     if (member == members.end()) Fail(fmt::format("there is no member '{}'", name));
-    path.steps.push_back(static_cast<LONG>(member - members.begin()));
-    path.title += path.title.empty() ? member->name : "." + member->name;
-    path.definition = member->definition;
+    MemberPath next = here;
+    next.steps.push_back(static_cast<LONG>(member - members.begin()));
+    next.title += here.title.empty() ? member->name : "." + member->name;
+    next.definition = member->definition;
+    return next;
   }
 
   static std::string Described(const MemberPath& path) {
@@ -107,7 +109,7 @@ class PathParser {
   }
 
   std::string text_;
-  std::string_view rest_;
+  std::vector<PathPart> parts_;
   std::vector<MemberPath> paths_;
 };
 
@@ -126,32 +128,37 @@ void AddPaths(const MemberPath& path, int depth, std::vector<MemberPath>& paths)
   }
 }
 
+// A row as a whole has no path; people read the name of its definition.
+void NameWholes(std::vector<MemberPath>& paths) {
+  for (MemberPath& path : paths) {
+    if (!path.title.empty() || !path.steps.empty()) continue;
+    const bool has_name = IsComposite(static_cast<USHORT>(path.definition->type));
+    path.title = has_name ? path.definition->Title() : "value";
+  }
+}
+
 }  // namespace
 
 std::vector<MemberPath> ParsePath(const std::string& text, const DefinitionPtr& definition) {
-  auto paths = PathParser(text, definition).Parse();
-  if (paths.size() == 1 && paths.front().title.empty()) paths.front().title = definition->Title();
+  auto paths = PathWalker(text).Walk(definition);
+  NameWholes(paths);
   return paths;
 }
 
-std::vector<MemberPath> AllPaths(const DefinitionPtr& definition) {
+std::vector<MemberPath> AllPaths(const DefinitionPtr& row) {
   std::vector<MemberPath> paths;
-  AddPaths({"", {}, definition}, 0, paths);
-  for (MemberPath& path : paths) {
-    if (path.title.empty() && path.steps.empty()) {
-      path.title = IsComposite(static_cast<USHORT>(definition->type)) ? definition->Title() : "value";
-    }
-  }
+  AddPaths({"", {}, row}, 0, paths);
+  NameWholes(paths);
   return paths;
 }
 
-Node Follow(Node value, const MemberPath& path) {
+Node Follow(Node row, const MemberPath& path) {
   for (const LONG step : path.steps) {
-    const bool is_missing = value.IsNull() || (value.definition().type == kArray && step >= value.Count());
+    const bool is_missing = row.IsNull() || (row.definition().type == kArray && step >= row.Count());
     if (is_missing) return Node::Null(*path.definition);
-    value = value.Child(step);
+    row = row.Child(step);
   }
-  return value;
+  return row;
 }
 
 }  // namespace halyard::tool

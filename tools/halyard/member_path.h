@@ -1,6 +1,12 @@
 // Paths to members, as the numeric transfer takes them: "Depth", "Position.X",
-// "Samples[3]", "Grid[2,5]"; "Position[X,Y]" names several members of one structure. The
-// empty path is the value itself.
+// "Samples[3]", "Grid[2][5]". "[X,Y]" names several members of one structure, and so does
+// "X[Y,Z]", which names X as well; what follows applies to each of them. Of several
+// numbers in one bracket the first is the index, the others are only checked. The empty
+// path is the value itself.
+//
+// Paths lead on from the rows that a value stands for: from each element of an array, from
+// any other value itself. An index of the array in front ("[3].Depth") is checked and
+// changes nothing.
 #pragma once
 
 #include <string>
@@ -17,15 +23,16 @@ struct MemberPath {
   DefinitionPtr definition;  // of the part
 };
 
-// The parts that a path names. Throws Failure (usage) where it names none.
+// The parts of a row that a path names, for values of the definition. Throws Failure
+// (usage) where it names none.
 std::vector<MemberPath> ParsePath(const std::string& text, const DefinitionPtr& definition);
 
-// A path for each part that fits a cell: members of nested structures by themselves,
-// everything else as a whole.
-std::vector<MemberPath> AllPaths(const DefinitionPtr& definition);
+// A path for each part of a row that fits a cell: members of nested structures by
+// themselves, everything else as a whole.
+std::vector<MemberPath> AllPaths(const DefinitionPtr& row);
 
-// The part of a value; null where it, or something on the way, was left out or where an
+// The part of a row; null where it, or something on the way, was left out or where an
 // array has fewer elements.
-Node Follow(Node value, const MemberPath& path);
+Node Follow(Node row, const MemberPath& path);
 
 }  // namespace halyard::tool

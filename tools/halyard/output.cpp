@@ -69,8 +69,7 @@ void Output::OpenBeside() {
   const fs::path target = PathOf(target_);
   for (int attempt = 0; attempt < kLargestAttempt; ++attempt) {
     fs::path candidate = target;
-    candidate.replace_filename(
-        PathOf("." + NameOf(target.filename()) + "." + std::to_string(attempt) + ".part"));
+    candidate.replace_filename(".halyard-" + std::to_string(attempt) + ".part");
     temporary_ = NameOf(candidate);
     descriptor_ = CreateNew(temporary_);
     if (descriptor_ != kNoDescriptor) {

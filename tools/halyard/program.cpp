@@ -45,6 +45,8 @@ Program::Program() : app_(std::make_unique<CLI::App>(kDescription, "halyard")) {
   app_->footer(kFooter);
   app_->require_subcommand(1);
   app_->fallthrough();
+  // What begins with a slash is a file, on every system.
+  app_->allow_windows_style_options(false);
   app_->get_formatter()->column_width(kOptionWidth);
   app_->set_version_flag("--version", kVersion, "Print the version and end");
   Command common(*app_);

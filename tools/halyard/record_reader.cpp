@@ -15,8 +15,6 @@ namespace {
 // known to be there.
 constexpr std::size_t kStreamStep = std::size_t{1} << 20;
 
-constexpr char kCutRemedy[] = "; 'halyard recover' saves the whole records";
-
 }  // namespace
 
 RecordReader::RecordReader(Input& input) : input_(input) {
@@ -101,11 +99,14 @@ void ThrowFault(const std::string& file, const Fault& fault, const std::string& 
                                                fault.what, remedy));
 }
 
+std::string EndRemedy(bool is_being_written) {
+  return is_being_written ? "; the file is still being written, try again when that is done"
+                          : "; 'halyard recover' saves the whole records";
+}
+
 void RequireProperEnd(RecordReader& reader) {
   if (!reader.fault()) return;
-  const bool is_written = reader.input().IsBeingWritten();
-  ThrowFault(reader.input().name(), *reader.fault(),
-             is_written ? "; the file is still being written, try again when that is done" : kCutRemedy);
+  ThrowFault(reader.input().name(), *reader.fault(), EndRemedy(reader.input().IsBeingWritten()));
 }
 
 }  // namespace halyard::tool

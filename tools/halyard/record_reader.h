@@ -80,6 +80,10 @@ class RecordReader {
 // what to do.
 [[noreturn]] void ThrowFault(const std::string& file, const Fault& fault, const std::string& remedy = {});
 
+// What a person can do about a file that ends in the midst of a record, to be put behind
+// the fault.
+std::string EndRemedy(bool is_being_written);
+
 // Throws Failure where the reader ended before the end of its file.
 void RequireProperEnd(RecordReader& reader);
 

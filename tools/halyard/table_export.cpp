@@ -24,19 +24,26 @@ std::string CellText(const Node& node, const ColumnForm& form) {
 TableExport::TableExport(Output& output, const TableOptions& options, const std::vector<std::string>& members)
     : writer_(output, options.delimiter, options.form), options_(options), members_(members) {}
 
-void TableExport::Definition(const DefinitionView& definition) {
-  const auto notes = TableNotes::Of(definition);
-  if (!notes || definition_) return;
-  notes_ = *notes;
-  if (notes_.has_bare_line_feeds) writer_.UseBareLineFeeds();
+void TableExport::Definition(const DefinitionPtr& definition, bool is_chosen) {
+  if (definition_) return;
+  if (const auto notes = TableNotes::Of(*definition)) {
+    notes_ = *notes;
+    if (notes_.has_bare_line_feeds) writer_.UseBareLineFeeds();
+  } else if (is_chosen && RowDefinition(definition)->type == kStructure) {
+    likely_.push_back(definition);
+  }
+}
+
+void TableExport::Finish() {
+  if (!definition_ && likely_.size() == 1) Begin(likely_.front());
 }
 
 void TableExport::Begin(const DefinitionPtr& definition) {
   definition_ = definition;
-  const DefinitionPtr row = RowDefinition(definition);
-  const std::vector<MemberPath> all = AllPaths(row);
+  likely_.clear();
+  const std::vector<MemberPath> all = AllPaths(RowDefinition(definition));
   for (const std::string& member : members_) {
-    for (MemberPath& path : ParsePath(member, row)) paths_.push_back(std::move(path));
+    for (MemberPath& path : ParsePath(member, definition)) paths_.push_back(std::move(path));
   }
   if (members_.empty()) paths_ = all;
   for (const MemberPath& path : paths_) {

@@ -19,12 +19,16 @@ class TableExport {
   // Columns are the members named, or all of them. Nothing is owned.
   TableExport(Output& output, const TableOptions& options, const std::vector<std::string>& members);
 
-  // Definitions come here too: notes about the table may be among them.
-  void Definition(const DefinitionView& definition);
+  // Definitions come here too: notes about the table may be among them, and a table
+  // without rows has the columns of the only one that was chosen.
+  void Definition(const DefinitionPtr& definition, bool is_chosen);
 
   // Throws Failure where the value has other columns than those before, or a text has no
   // place in the encoding of the table.
   void Value(const std::string& file, const Record& record, const DecodedUnit& unit);
+
+  // Writes the columns of a table that has no rows.
+  void Finish();
 
  private:
   void Begin(const DefinitionPtr& definition);
@@ -34,7 +38,8 @@ class TableExport {
   const TableOptions& options_;
   const std::vector<std::string>& members_;
   TableNotes notes_;
-  DefinitionPtr definition_;
+  DefinitionPtr definition_;           // of the rows so far
+  std::vector<DefinitionPtr> likely_;  // what rows could be of, while there are none
   std::vector<MemberPath> paths_;
   std::vector<ColumnForm> forms_;
 };

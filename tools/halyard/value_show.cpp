@@ -46,12 +46,23 @@ class ShowJson : public ValueShow {
       output_.Write(Dumped(JsonOf(node)) + "\n");
       return;
     }
-    Json document = Json::object();
-    for (const MemberPath& path : parts_.paths()) document[path.title] = JsonOf(Follow(node, path));
+    const Rows rows(unit.value, *unit.definition);
+    if (unit.definition->type != kArray) {
+      output_.Write(Dumped(RowJson(rows.Row(0))) + "\n");
+      return;
+    }
+    Json document = Json::array();
+    for (LONG i = 0; i < rows.Count(); ++i) document.push_back(RowJson(rows.Row(i)));
     output_.Write(Dumped(document) + "\n");
   }
 
  private:
+  Json RowJson(const Node& row) const {
+    Json document = Json::object();
+    for (const MemberPath& path : parts_.paths()) document[path.title] = JsonOf(Follow(row, path));
+    return document;
+  }
+
   Output& output_;
   Parts parts_;
 };
@@ -63,14 +74,26 @@ class ShowTree : public ValueShow {
 
   void Value(const Record& record, const DecodedUnit& unit) override {
     parts_.Take(unit.definition);
-    const Node node(unit.value, *unit.definition);
-    output_.Write(fmt::format("{} {}\n", style_.Quiet(fmt::format("{}:", record.number)),
-                              style_.Title(Printable(unit.definition->Title()))));
-    if (parts_.paths().empty()) WriteTree(output_, style_, node);
-    for (const MemberPath& path : parts_.paths()) WriteTree(output_, style_, path.title, Follow(node, path));
+    if (parts_.paths().empty()) {
+      WriteTitle(fmt::to_string(record.number), *unit.definition);
+      WriteTree(output_, style_, Node(unit.value, *unit.definition));
+      return;
+    }
+    const Rows rows(unit.value, *unit.definition);
+    for (LONG i = 0; i < rows.Count(); ++i) {
+      WriteTitle(rows.Label(record.number, i), *unit.definition);
+      const Node row = rows.Row(i);
+      for (const MemberPath& path : parts_.paths())
+        WriteBranch(output_, style_, path.title, Follow(row, path), &path == &parts_.paths().back());
+    }
   }
 
  private:
+  void WriteTitle(const std::string& label, const DefinitionView& definition) {
+    output_.Write(
+        fmt::format("{} {}\n", style_.Quiet(label + ":"), style_.Title(Printable(definition.Title()))));
+  }
+
   Output& output_;
   const Style& style_;
   Parts parts_;
@@ -101,9 +124,8 @@ class ShowTable : public ValueShow {
     Finish();
     if (table_) output_.Write("\n");
     definition_ = definition;
-    const DefinitionPtr row = RowDefinition(definition);
-    parts_.Take(row);
-    paths_ = parts_.paths().empty() ? AllPaths(row) : parts_.paths();
+    parts_.Take(definition);
+    paths_ = parts_.paths().empty() ? AllPaths(RowDefinition(definition)) : parts_.paths();
     std::vector<Column> columns = {{"#", true}};
     for (const MemberPath& path : paths_) columns.push_back({path.title, IsNumeric(path.definition->type)});
     output_.Write(style_.Title(Printable(definition->Title())) + "\n");

@@ -68,7 +68,7 @@ ExitCode ReadValues(const std::string& file, const Selection& selection, bool sh
       handlers.value(*record, decoded);
     } else {
       selection.Meet(*decoded.definition);
-      handlers.definition(*decoded.definition);
+      handlers.definition(decoded.definition);
     }
   }
   const bool has_losses = losses.Close();

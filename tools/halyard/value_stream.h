@@ -16,7 +16,7 @@ namespace halyard::tool {
 // and each definition, chosen or not.
 struct ValueHandlers {
   std::function<void(const Record& record, const DecodedUnit& unit)> value;
-  std::function<void(const DefinitionView& definition)> definition = [](const DefinitionView&) {};
+  std::function<void(const DefinitionPtr& definition)> definition = [](const DefinitionPtr&) {};
 };
 
 // Hands every chosen value of a file over. Records that cannot be read are passed

@@ -51,8 +51,9 @@ void WriteTree(Output& output, const Style& style, const Node& node) {
   }
 }
 
-void WriteTree(Output& output, const Style& style, const std::string& name, const Node& node) {
-  Branches(output, style).Branch(name, node, "", true);
+void WriteBranch(Output& output, const Style& style, const std::string& name, const Node& node,
+                 bool is_last) {
+  Branches(output, style).Branch(name, node, "", is_last);
 }
 
 }  // namespace halyard::tool

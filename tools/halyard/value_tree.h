@@ -12,7 +12,7 @@ namespace halyard::tool {
 // The branches of a value, below a line that the caller wrote.
 void WriteTree(Output& output, const Style& style, const Node& node);
 
-// A branch with a name, and what hangs on it.
-void WriteTree(Output& output, const Style& style, const std::string& name, const Node& node);
+// A branch with a name, the last one or not, and what hangs on it.
+void WriteBranch(Output& output, const Style& style, const std::string& name, const Node& node, bool is_last);
 
 }  // namespace halyard::tool

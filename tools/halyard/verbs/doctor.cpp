@@ -76,9 +76,7 @@ bool Examination::Run() {
   }
   if (const auto& fault = reader.fault()) {
     findings_.Add(Severity::kFault, fault->offset, fault->record,
-                  fault->what + (input_.IsBeingWritten()
-                                     ? "; the file is still being written, try again when that is done"
-                                     : "; 'halyard recover' saves the whole records"));
+                  fault->what + EndRemedy(input_.IsBeingWritten()));
   }
   return findings_.Close(records, input_.size().value_or(input_.position()));
 }

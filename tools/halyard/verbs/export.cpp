@@ -24,18 +24,23 @@ struct Options {
 ExitCode ExportTable(const Options& options, Output& output, bool shows_progress) {
   TableExport table(output, options.table, options.members);
   ValueHandlers handlers;
-  handlers.definition = [&](const DefinitionView& definition) { table.Definition(definition); };
+  handlers.definition = [&](const DefinitionPtr& definition) {
+    table.Definition(definition, options.selection.HasDefinition(*definition));
+  };
   handlers.value = [&](const Record& record, const DecodedUnit& unit) {
     table.Value(options.file, record, unit);
   };
-  return ReadValues(options.file, options.selection, shows_progress, handlers);
+  const ExitCode code = ReadValues(options.file, options.selection, shows_progress, handlers);
+  table.Finish();
+  return code;
 }
 
 ExitCode ExportNumbers(const Options& options, Output& output, bool shows_progress) {
-  if (options.members.size() > 1) throw Failure(ExitCode::kUsage, "--raw takes one --member");
-  NumberExport numbers(output, options.members.empty() ? "" : options.members.front(), options.number_type);
+  NumberExport numbers(output, options.members, options.number_type);
   ValueHandlers handlers;
-  handlers.value = [&](const Record&, const DecodedUnit& unit) { numbers.Value(unit); };
+  handlers.value = [&](const Record& record, const DecodedUnit& unit) {
+    numbers.Value(options.file, record, unit);
+  };
   const ExitCode code = ReadValues(options.file, options.selection, shows_progress, handlers);
   numbers.Finish();
   return code;

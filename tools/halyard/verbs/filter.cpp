@@ -96,6 +96,7 @@ ExitCode Filter::Run() {
   }
   RequireProperEnd(reader_);
   options_.selection.RequireMet(input_.name());
+  input_.Close();
   output_.Finish();
   return unreadable_ == 0 ? ExitCode::kFine : ExitCode::kFaults;
 }

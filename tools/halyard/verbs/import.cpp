@@ -175,6 +175,7 @@ void Import::Write(const Plan& plan) {
   RowWriter rows(plan, writer);
   ReadRows("import", rows);
   rows.Finish();
+  input_.Close();
   output.Finish();
 }
 

@@ -84,8 +84,7 @@ void ShowTrouble(Output& output, const Style& style, const FileContent& content)
   if (content.fault) {
     show(fmt::format("unread tail of {} at offset {}: {}{}", Counted(content.tail, "byte"),
                      Grouped(content.fault->offset), content.fault->what,
-                     content.is_being_written ? "; the file is still being written"
-                                              : "; 'halyard recover' saves the whole records"));
+                     EndRemedy(content.is_being_written)));
   }
 }
 

@@ -150,6 +150,8 @@ ExitCode Recovery::Run() {
       continue;
     }
     Lose(offset, next, next == size_ ? "no whole record follows" : "these are no record");
+    if (next == size_ && input_.IsBeingWritten())
+      Remark(input_.name() + ": the file is still being written, try again when that is done");
     offset = next;
   }
   return Close();
@@ -160,6 +162,7 @@ ExitCode Recovery::Close() {
     throw Failure(ExitCode::kFaults, input_.name() + ": nothing can be saved: it holds no whole record; " +
                                          output_.name() + " was not written");
   }
+  input_.Close();
   output_.Finish();
   const bool is_sound = lost_bytes_ == 0 && unreadable_ == 0;
   Remark(fmt::format("{}: {} saved in {}, {} lost", input_.name(), Counted(writer_.records(), "record"),
