@@ -1,4 +1,9 @@
 # The suites of this machine: plain, then with address and undefined-behaviour sanitizers.
+# The sanitized tool meets every bad input and does everything that moves bytes by itself.
+declare -A tool_tests=(
+  [native]='*'
+  [native-asan]='*BadInput*:*BadOutput*:*CutAnywhere*:Doctor.*:Export.*:Recover.*:Merge.*:Cat.*:Defs.*'
+)
 
 for preset in native native-asan; do
   if build_preset "$preset"; then
@@ -6,6 +11,7 @@ for preset in native native-asan; do
     gtest_suite "$preset conformance" "build/$preset/tests/halyard_conformance_tests"
     gtest_suite "$preset failures" "build/$preset/tests/failures/halyard_failure_tests"
     gtest_suite "$preset examples" "build/$preset/tests/examples/halyard_example_tests"
+    gtest_suite "$preset tool" "build/$preset/tests/tools/halyard_tool_tests" "--gtest_filter=${tool_tests[$preset]}"
     ctest_suite "$preset programs" "build/$preset" --label-exclude gtest
     case "$preset" in
       native) glance_at_speed ;;

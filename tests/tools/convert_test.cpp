@@ -148,6 +148,17 @@ TEST(Filter, KeepsTheDefinitionsThatARangeNeeds) {
                               Record(StationValue(7, "n2")));
 }
 
+TEST(Convert, MayWriteOverItsInput) {
+  const Folder folder;
+  const std::string file = folder.Make("a.csv", "a\n1\n");
+  EXPECT_EQ(RunTool({"import", file, "-o", file}).code, 0);
+  EXPECT_EQ(RunTool({"recover", file, "-o", file}).code, 0);
+  EXPECT_EQ(RunTool({"merge", file, file, "-o", file}).code, 0);
+  EXPECT_EQ(RunTool({"export", file, "-o", file}).code, 0);
+  EXPECT_EQ(Content(file), "a\n1\n1\n");
+  EXPECT_EQ(folder.Names(), std::vector<std::string>{"a.csv"});
+}
+
 TEST(Filter, MayWriteOverItsInput) {
   const Folder folder;
   const std::string file = folder.Make("a.orm", StationFile(3));

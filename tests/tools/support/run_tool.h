@@ -21,10 +21,16 @@ struct Setting {
   std::string input;                     // what standard input holds
   std::vector<std::string> environment;  // "NAME=value", added to the test's own
   std::string output_device;             // a file to send standard output to, such as /dev/full
+  bool has_closed_pipe = false;          // standard output is a pipe that nobody reads
   unsigned long long largest_file = 0;   // bytes that the program may write to a file; 0: any number
-  bool as_nobody = false;                // without the rights of root
+  unsigned long long memory = 0;         // bytes of address space that it may take; 0: any number
+  bool obeys_permissions = false;        // without root's right to read everything
+  bool has_full_disk = false;            // every write to a file fails for want of space
+  int interrupt = 0;                     // a signal to send once the program has begun to write a file
+  std::string interrupt_folder;          // the folder of that file
 };
 
+// A program that takes longer than a minute is ended (code 142): nothing may hang.
 Outcome RunTool(const std::vector<std::string>& arguments, const Setting& setting = {});
 
 // Runs a line of shell with the program as $HALYARD.
