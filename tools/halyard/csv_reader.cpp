@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "tools/halyard/ascii.h"
 #include "tools/halyard/counts.h"
 #include "tools/halyard/failure.h"
 #include "tools/halyard/unicode.h"
@@ -16,6 +17,7 @@ constexpr std::size_t kMostFields = 65535;        // members that a structure ca
 constexpr unsigned char kByteOrderMark[] = {0xEF, 0xBB, 0xBF};
 
 bool IsUtf8(std::string_view text) {
+  if (IsAscii(text)) return true;
   while (!text.empty()) {
     if (!TakeCharacter(text)) return false;
   }

@@ -1,5 +1,7 @@
 #include "tools/halyard/csv_writer.h"
 
+#include <algorithm>
+
 namespace halyard::tool {
 
 CsvWriter::CsvWriter(Output& output, char delimiter, TextForm form)
@@ -14,9 +16,9 @@ bool CsvWriter::Text(std::string_view utf8) {
   const auto bytes = Encoded(utf8, form_);
   if (!bytes) return false;
   Separate();
-  const std::string special = std::string("\"\r\n") + delimiter_;
+  const auto needs_quotes = [this](char c) { return c == '"' || c == '\r' || c == '\n' || c == delimiter_; };
   // An empty text in quotes is told from a missing value.
-  if (!bytes->empty() && bytes->find_first_of(special) == std::string::npos) {
+  if (!bytes->empty() && std::none_of(bytes->begin(), bytes->end(), needs_quotes)) {
     row_ += *bytes;
     return true;
   }

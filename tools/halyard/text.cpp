@@ -1,5 +1,6 @@
 #include "tools/halyard/text.h"
 
+#include "tools/halyard/ascii.h"
 #include "tools/halyard/platform/narrow.h"
 #include "tools/halyard/unicode.h"
 
@@ -52,6 +53,7 @@ std::string TextFormName() {
 }
 
 std::string Decoded(std::string_view bytes, TextForm form) {
+  if (IsAscii(bytes)) return std::string(bytes);
   std::string utf8;
   if (form == TextForm::kUtf8) {
     while (!bytes.empty()) AppendUtf8(utf8, TakeCharacter(bytes).value_or(kReplacement));
@@ -62,6 +64,7 @@ std::string Decoded(std::string_view bytes, TextForm form) {
 }
 
 std::optional<std::string> Encoded(std::string_view utf8, TextForm form) {
+  if (IsAscii(utf8)) return std::string(utf8);
   std::string bytes;
   while (!utf8.empty()) {
     const auto character = TakeCharacter(utf8);
