@@ -1,8 +1,9 @@
 # The suites of this machine: plain, then with address and undefined-behaviour sanitizers.
-# The sanitized tool meets every bad input and does everything that moves bytes by itself.
+# The sanitized tool meets every bad input and does everything that moves bytes by itself;
+# its disk is not full, because the sanitizers write to pipes of their own.
 declare -A tool_tests=(
   [native]='*'
-  [native-asan]='*BadInput*:*BadOutput*:*CutAnywhere*:Doctor.*:Export.*:Recover.*:Merge.*:Cat.*:Defs.*'
+  [native-asan]='*BadInput*:*BadOutput*:*CutAnywhere*:Doctor.*:Export.*:Recover.*:Merge.*:Cat.*:Defs.*:-*FullDisk*'
 )
 
 for preset in native native-asan; do

@@ -9,9 +9,9 @@ windows_targets=(halyard halyard_conformance_tests halyard_server_tests halyard_
 
 # The tests of the command-line tool whose subject is the tool and not the shell, the
 # terminal or the limits that this system sets.
-tool_tests='Info.*:Cat.*:Defs.*:Doctor.*:Recover.*:Merge.*:Filter.*:Convert.*:Import.*:Export.*:-*Pipe*'
-tool_bad_input='*BadInput.EmptyFile*:*BadInput.ForeignFile*:*BadInput.CutFile*:*BadInput.Directory*:*BadInput.MissingFile*'
-tool_bad_input+=':*BadInput.RandomBytesBehind*:*BadInput.HostileCounts*'
+windows_tool_tests='Info.*:Cat.*:Defs.*:Doctor.*:Recover.*:Merge.*:Filter.*:Convert.*:Import.*:Export.*:-*Pipe*'
+windows_bad_input='*BadInput.EmptyFile*:*BadInput.ForeignFile*:*BadInput.CutFile*:*BadInput.Directory*:*BadInput.MissingFile*'
+windows_bad_input+=':*BadInput.RandomBytesBehind*:*BadInput.HostileCounts*'
 
 # Lines of a suite's output that a person wants to see.
 show_lines() {
@@ -28,7 +28,7 @@ registered_suites() {
   counting_suite "win64 scripts" "${in_wine[@]}" tests/scripts/run.sh
   if build_preset native halyard_exchange halyard_differential halyard_tool_tests; then
     gtest_suite "win64 tool" "${in_wine[@]}" env "HALYARD_TOOL=wine $PWD/build/win64/bin/halyard.exe" \
-      build/native/tests/tools/halyard_tool_tests "--gtest_filter=$tool_bad_input:$tool_tests"
+      build/native/tests/tools/halyard_tool_tests "--gtest_filter=$windows_bad_input:$windows_tool_tests"
     counting_suite "files of both platforms" "${in_wine[@]}" tests/exchange/run.sh \
       build/native/tests/exchange/halyard_exchange "$windows_programs/exchange/halyard_exchange.exe"
     differential_suite

@@ -75,8 +75,6 @@ void FillDisk() {
   const bool is_done = prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 &&
                        prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program) == 0;
   if (!is_done) _exit(kCannotRun);
-  // The search for leaks at the end of a sanitized program writes to pipes of its own.
-  setenv("ASAN_OPTIONS", "detect_leaks=0", 1);
 }
 
 void WriteToClosedPipe() {
