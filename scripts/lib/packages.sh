@@ -11,6 +11,7 @@ declare -A kit_packages=(
   [package]="zip"
   [clang]="clang libclang-rt-14-dev"
   [format]="clang-format git"
+  [valgrind]="valgrind libc6-dbg"
 )
 declare -A kit_programs=(
   [native]="g++ cmake ninja pkg-config"
@@ -21,6 +22,7 @@ declare -A kit_programs=(
   [package]="zip"
   [clang]="clang++"
   [format]="clang-format git"
+  [valgrind]="valgrind"
 )
 
 # Makes sure that the named kits are there; ends the program where that is impossible.

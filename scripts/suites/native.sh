@@ -15,7 +15,10 @@ for preset in native native-asan; do
     gtest_suite "$preset tool" "build/$preset/tests/tools/halyard_tool_tests" "--gtest_filter=${tool_tests[$preset]}"
     ctest_suite "$preset programs" "build/$preset" --label-exclude gtest
     case "$preset" in
-      native) glance_at_speed ;;
+      native)
+        gtest_suite "$preset load" "build/$preset/tests/load/halyard_load_tests"
+        glance_at_speed
+        ;;
       native-asan)
         counting_suite "$preset hostile inputs" build/native-asan/tests/fuzz/halyard_replay \
           tests/fuzz/seeds tests/golden/hostile

@@ -1,0 +1,110 @@
+// Long files, many files, and places beyond what 32 bits count.
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include "tests/load/held_memory.h"
+#include "tests/load/size_of_run.h"
+#include "tests/support/composites.h"
+#include "tests/support/handles.h"
+#include "tests/support/streams.h"
+
+namespace halyard::test {
+namespace {
+
+// What the allocator may keep beside what is in use.
+constexpr std::size_t kSlack = 16 << 20;
+
+constexpr std::size_t kNumbers = 1 << 17;  // a record of 1 MiB
+
+// A numbered array of Reals, id 1.
+Ptr<IArrayDef> BigDefinition() { return SimpleArrayDefinition(kReal, 0, 1); }
+
+void WriteBig(const Ptr<IOrmFile>& file, LONG records) {
+  const auto definition = BigDefinition();
+  ASSERT_TRUE(WriteInfo(file, definition.get()));
+  const auto array = NewArray(definition);
+  std::vector<double> numbers(kNumbers);
+  for (std::size_t i = 0; i < kNumbers; ++i) ASSERT_EQ(array->Add(R8(0).get()), S_OK);
+  for (LONG record = 0; record < records; ++record) {
+    numbers.front() = record;
+    VARIANT_BOOL done = VARIANT_FALSE;
+    ASSERT_EQ(array->ReadNumericArray(Bstr(OLESTR("")).get(), I4(kReal).get(),
+                                      reinterpret_cast<unsigned char*>(numbers.data()), &done),
+              S_OK);
+    ASSERT_TRUE(WriteData(file, array.get()));
+  }
+}
+
+void ReadBig(const Ptr<IOrmFile>& file, LONG records) {
+  ASSERT_TRUE(ReadInfo(file));
+  for (LONG record = 0; record < records; ++record) {
+    const auto array = ReadData(file).As<IArray>();
+    ASSERT_TRUE(array);
+    ASSERT_EQ(Count(array), static_cast<LONG>(kNumbers));
+    ASSERT_EQ(Item(array, 0), "R8 " + std::to_string(record));
+  }
+}
+
+TEST(Load, LongFileTakesFlatMemory) {
+  const LONG records = Shortened<LONG>(64, 5 << 10);
+  const TempFile place;
+  const auto file = NewFile();
+  ASSERT_TRUE(OpenForWrite(file, place.name()));
+  WriteBig(file, 2);
+  const std::size_t writing = HeldMemory();
+  WriteBig(file, records);
+  EXPECT_LT(HeldMemory(), writing + kSlack);
+  EXPECT_EQ(file->Close(), S_OK);
+
+  ASSERT_TRUE(OpenForRead(file, place.name()));
+  ReadBig(file, 2);
+  const std::size_t reading = HeldMemory();
+  ReadBig(file, records);
+  EXPECT_LT(HeldMemory(), reading + kSlack);
+}
+
+// The same calls as in the beginning of a file, at a place that 32 bits do not reach; what
+// lies before is a hole, which takes no room on the disk.
+TEST(Load, PlacesBeyondThirtyTwoBits) {
+  constexpr off_t kFar = (off_t{5} << 30) + 3;
+  const TempFile place(Bytes{});
+  const LONG out = OpenHandleForWrite(place.path());
+  ASSERT_EQ(lseek(out, kFar, SEEK_SET), kFar);
+  const auto file = NewFile();
+  ASSERT_TRUE(AttachForWrite(file, out));
+  WriteBig(file, 2);
+  EXPECT_EQ(file->Close(), S_OK);
+
+  const LONG in = OpenHandleForRead(place.path());
+  ASSERT_EQ(lseek(in, kFar, SEEK_SET), kFar);
+  ASSERT_TRUE(AttachForRead(file, in));
+  ReadBig(file, 2);
+  Ptr<IUnit> none;
+  EXPECT_EQ(file->ReadUnit(none.Out()), S_OK);
+  EXPECT_FALSE(none);
+}
+
+TEST(Load, ManyFilesLeaveNothingBehind) {
+  const int files = Shortened(300, 200000);
+  const TempFile place;
+  const auto definition = StructureDefinition({{OLESTR("Number"), kLong}, {OLESTR("Text"), kString}}, 1);
+  const auto round = [&] {
+    const auto file = NewFile();
+    ASSERT_TRUE(OpenForWrite(file, place.name()));
+    ASSERT_TRUE(WriteInfo(file, definition.get()));
+    ASSERT_TRUE(WriteData(file, NewValue(definition).get()));
+    ASSERT_EQ(file->Close(), S_OK);
+    ASSERT_TRUE(OpenForRead(file, place.name()));
+    ASSERT_TRUE(ReadInfo(file));
+    ASSERT_TRUE(ReadData(file));
+  };
+  for (int i = 0; i < 100; ++i) round();
+  const std::size_t memory = HeldMemory();
+  const std::size_t descriptors = OpenDescriptors();
+  for (int i = 0; i < files && !HasFatalFailure(); ++i) round();
+  EXPECT_LT(HeldMemory(), memory + kSlack / 8);
+  EXPECT_EQ(OpenDescriptors(), descriptors);
+}
+
+}  // namespace
+}  // namespace halyard::test

@@ -1,0 +1,14 @@
+// What the process holds of the machine.
+#pragma once
+
+#include <cstddef>
+
+namespace halyard::test {
+
+// Bytes of memory that the process has in use now.
+std::size_t HeldMemory();
+
+// Open file descriptors.
+std::size_t OpenDescriptors();
+
+}  // namespace halyard::test
