@@ -2,20 +2,21 @@
 // base: an identity, which clients read and change as Id and Name.
 #pragma once
 
+#include "definitions/definition_key.h"
 #include "definitions/definition_object.h"
 #include "definitions/identity.h"
 
 namespace halyard {
 
 template <class T, class... Interfaces>
-class CompositeDefinition : public DefinitionObject<T, Interfaces...> {
+class CompositeDefinition : public DefinitionObject<T, Interfaces..., IKeyedDefinition> {
  public:
   HRESULT STDMETHODCALLTYPE get_Id(SHORT* pnId) override {
-    return this->Call("Id", [&] { Out(pnId) = static_cast<SHORT>(identity_.id); });
+    return this->Call("Id", [&] { Out(pnId) = static_cast<SHORT>(identity_.id()); });
   }
 
   HRESULT STDMETHODCALLTYPE put_Id(SHORT nId) override {
-    identity_.id = static_cast<std::uint16_t>(nId);
+    identity_.SetId(static_cast<std::uint16_t>(nId));
     return S_OK;
   }
 
@@ -25,6 +26,12 @@ class CompositeDefinition : public DefinitionObject<T, Interfaces...> {
 
   HRESULT STDMETHODCALLTYPE put_Name(BSTR sName) override {
     return this->Call("Name", [&] { identity_.SetName(sName); });
+  }
+
+  bool WatchKey(const IValueDefBase* definition) noexcept override {
+    if (definition != static_cast<const IValueDefBase*>(static_cast<T*>(this))) return false;
+    identity_.WatchId();
+    return true;
   }
 
  protected:

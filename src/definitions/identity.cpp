@@ -1,5 +1,6 @@
 #include "definitions/identity.h"
 
+#include "definitions/definition_key.h"
 #include "platform/text.h"
 
 namespace halyard {
@@ -14,6 +15,11 @@ bool PutNarrow(WriteCursor& cursor, const std::string& text) {
 
 }  // namespace
 
+void Identity::SetId(std::uint16_t id) noexcept {
+  if (is_watched_ && id != id_) KeyChanges::Add();
+  id_ = id;
+}
+
 void Identity::SetName(BSTR text) { name = NarrowToZero(ViewOf(text)); }
 
 Bstr Identity::NewName() const { return Bstr(Widen(std::string_view(name).substr(0, name.find('\0')))); }
@@ -23,11 +29,14 @@ std::uint16_t Identity::PacketSize() const noexcept {
 }
 
 bool Identity::Decode(ReadCursor& cursor) {
-  return cursor.Take(id) && cursor.TakeText(name) && cursor.TakeText(caption);
+  std::uint16_t id = 0;
+  if (!cursor.Take(id)) return false;
+  SetId(id);
+  return cursor.TakeText(name) && cursor.TakeText(caption);
 }
 
 bool Identity::Encode(WriteCursor& cursor) const {
-  return cursor.Put(id) && PutNarrow(cursor, name) && PutNarrow(cursor, caption);
+  return cursor.Put(id_) && PutNarrow(cursor, name) && PutNarrow(cursor, caption);
 }
 
 }  // namespace halyard

@@ -13,7 +13,11 @@ namespace halyard {
 
 struct Identity {
   // 0 means none; such a definition cannot be registered.
-  std::uint16_t id = 0;
+  [[nodiscard]] std::uint16_t id() const noexcept { return id_; }
+  void SetId(std::uint16_t id) noexcept;
+
+  // Counts changes of the id from now on (see definition_key.h).
+  void WatchId() noexcept { is_watched_ = true; }
 
   // Narrow text.
   std::string name;
@@ -32,6 +36,10 @@ struct Identity {
 
   [[nodiscard]] bool Decode(ReadCursor& cursor);
   [[nodiscard]] bool Encode(WriteCursor& cursor) const;
+
+ private:
+  std::uint16_t id_ = 0;
+  bool is_watched_ = false;
 };
 
 }  // namespace halyard

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "definitions/definition_key.h"
 #include "platform/text.h"
 #include "types/type_names.h"
 
@@ -18,6 +19,16 @@ SHORT TypeOf(const Ptr<IValueDefBase>& definition) {
   SHORT type = 0;
   Check(definition->get_Type(&type), definition);
   return type;
+}
+
+std::uint32_t KeyOf(SHORT type, SHORT id) noexcept {
+  return std::uint32_t{static_cast<std::uint16_t>(type)} << 16 | static_cast<std::uint16_t>(id);
+}
+
+// Whether the definition tells of changes of its key from now on.
+bool Watch(const Ptr<IValueDefBase>& definition) {
+  const auto keyed = definition.As<IKeyedDefinition>();
+  return keyed && keyed->WatchKey(definition.get());
 }
 
 bool HasName(const Ptr<IValueDefBase>& definition, const std::string& name) {
@@ -48,12 +59,7 @@ HRESULT OrmSession::AddType(IValueDefBase* pType, VARIANT_BOOL* pbResult) {
     const SHORT type = TypeOf(definition);
     const SHORT id = IdOf(definition);
     *pbResult = VARIANT_TRUE;
-    const std::size_t place = Find(type, id);
-    if (place == kNone) {
-      definitions_.push_back(std::move(definition));
-    } else {
-      definitions_[place] = std::move(definition);
-    }
+    Put(Find(type, id), std::move(definition), type, id);
   });
 }
 
@@ -70,7 +76,14 @@ HRESULT OrmSession::GetStructureByName(BSTR szName, IStructureDef** pStruct) {
   });
 }
 
-std::size_t OrmSession::Find(SHORT type, SHORT id) const {
+std::size_t OrmSession::Find(SHORT type, SHORT id) {
+  if (!keys_are_told_) return Search(type, id);
+  if (known_changes_ != KeyChanges::Count()) LearnKeys();
+  const auto found = places_.find(KeyOf(type, id));
+  return found == places_.end() ? kNone : found->second;
+}
+
+std::size_t OrmSession::Search(SHORT type, SHORT id) const {
   // By place and with a reference: a definition of the client's may add others while it
   // is asked.
   for (std::size_t i = 0; i < definitions_.size(); ++i) {
@@ -78,6 +91,32 @@ std::size_t OrmSession::Find(SHORT type, SHORT id) const {
     if (IdOf(definition) == id && TypeOf(definition) == type) return i;
   }
   return kNone;
+}
+
+void OrmSession::Put(std::size_t place, Ptr<IValueDefBase> definition, SHORT type, SHORT id) {
+  if (keys_are_told_ && !Watch(definition)) {
+    keys_are_told_ = false;
+    places_.clear();
+  }
+  if (place != kNone) {
+    definitions_[place] = std::move(definition);
+    return;
+  }
+  definitions_.push_back(std::move(definition));
+  if (!keys_are_told_) return;
+  try {
+    places_.emplace(KeyOf(type, id), definitions_.size() - 1);
+  } catch (...) {
+    definitions_.pop_back();
+    throw;
+  }
+}
+
+void OrmSession::LearnKeys() {
+  places_.clear();
+  for (std::size_t i = 0; i < definitions_.size(); ++i)
+    places_.emplace(KeyOf(TypeOf(definitions_[i]), IdOf(definitions_[i])), i);
+  known_changes_ = KeyChanges::Count();
 }
 
 }  // namespace halyard

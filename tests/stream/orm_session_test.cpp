@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/definitions.h"
+#include "tests/support/encoding.h"
 #include "tests/support/foreign_definition.h"
 #include "tests/support/raised.h"
 
@@ -181,6 +182,49 @@ TEST(OrmSession, FirstOfTwoEqualKeysWins) {
   Add(session, second.get());
   EXPECT_EQ(second->put_Id(1), S_OK);
   EXPECT_TRUE(SameObject(Find(session, I4(14), 1).get(), first.get()));
+}
+
+TEST(OrmSession, KeyThatArrivesInABufferIsSeen) {
+  const auto session = NewSession();
+  const auto definition = Named(OLESTR("A"), 1);
+  Add(session, definition.get());
+  EXPECT_TRUE(Find(session, I4(14), 1));
+  EXPECT_EQ(ReadFrom(definition, Encoded(Named(OLESTR("B"), 9))).status, S_OK);
+  EXPECT_FALSE(Find(session, I4(14), 1));
+  EXPECT_TRUE(SameObject(Find(session, I4(14), 9).get(), definition.get()));
+}
+
+TEST(OrmSession, EverySessionOfADefinitionSeesItsKeyChange) {
+  const auto definition = Named(OLESTR("A"), 1);
+  const auto session = NewSession();
+  const auto other = NewSession();
+  Add(session, definition.get());
+  Add(other, definition.get());
+  EXPECT_EQ(definition->put_Id(0), S_OK);
+  EXPECT_TRUE(Find(session, I4(14), 0));
+  EXPECT_EQ(definition->put_Id(2), S_OK);
+  for (const auto& each : {session, other}) {
+    EXPECT_FALSE(Find(each, I4(14), 1));
+    EXPECT_FALSE(Find(each, I4(14), 0));
+    EXPECT_TRUE(Find(each, I4(14), 2));
+  }
+}
+
+TEST(OrmSession, ForeignAndOwnDefinitionsAreSearchedInTheirOrder) {
+  const auto session = NewSession();
+  const auto first = Named(OLESTR("A"), 1);
+  const auto foreign = ForeignOf(14, 2);
+  const auto last = Named(OLESTR("C"), 3);
+  Add(session, first.get());
+  EXPECT_TRUE(Find(session, I4(14), 1));
+  Add(session, foreign.get());
+  Add(session, last.get());
+  EXPECT_TRUE(SameObject(Find(session, I4(14), 2).get(), foreign.get()));
+  EXPECT_TRUE(SameObject(Find(session, I4(14), 3).get(), last.get()));
+  foreign->id.value = 3;
+  EXPECT_TRUE(SameObject(Find(session, I4(14), 3).get(), foreign.get()));
+  EXPECT_EQ(first->put_Id(3), S_OK);
+  EXPECT_TRUE(SameObject(Find(session, I4(14), 3).get(), first.get()));
 }
 
 TEST(OrmSession, StructureIsFoundByItsNameInAnyCase) {
