@@ -18,7 +18,7 @@ RIVALS = "#d9a441"
 def _colour(participant):
     if participant == results.LIMIT:
         return LIMIT
-    return OURS if participant.startswith("Halyard") else RIVALS
+    return OURS if participant.startswith(results.LIBRARY) else RIVALS
 
 
 def _save(figure, path):

@@ -2,7 +2,7 @@
 """Brings a run's figures into docs/performance.md: python3 document.py RESULTS_FOLDER
 
 The text between <!-- NAME --> and <!-- end --> is replaced by the figures of that name:
-"machine", a workload ("W1"), or an axis of growth ("records"). Charts go to
+"machine", "aims", a workload ("W1"), or an axis of growth ("records"). Charts go to
 docs/performance/.
 """
 
@@ -13,6 +13,7 @@ import pathlib
 import re
 import sys
 
+import aims
 import charts
 import growth
 import results
@@ -45,6 +46,13 @@ def workload(name, path):
     return f"Limit: {workloads.LIMITS[name]}.\n\n{table}\n![{name}](performance/{chart.name})\n"
 
 
+def all_aims(folder):
+    paths = [folder / f"{name}.json" for name in workloads.TITLES]
+    rows, reached = aims.rows_of(results.tasks_of(results.read([path for path in paths if path.exists()])))
+    table = printed(lambda: tables.markdown(aims.HEADINGS, rows))
+    return f"{reached} of {len(rows)} aims are reached.\n\n{table}"
+
+
 def axis(name, points):
     own = [point for point in points if point["axis"] == name]
     chart = CHARTS / f"growth-{name}.svg"
@@ -54,7 +62,7 @@ def axis(name, points):
 
 def figures_of(folder):
     """Every name and its figures, as far as the folder has them."""
-    found = {"machine": machine(folder)}
+    found = {"machine": machine(folder), "aims": all_aims(folder)}
     for name in workloads.TITLES:
         path = folder / f"{name}.json"
         if path.exists():

@@ -10,14 +10,12 @@ import sys
 import results
 import workloads
 
-LIBRARY = "Halyard"
-
 
 def judged(tasks):
     """(workload, task, ratio, bound) of every task that has a bound."""
     for (workload, task), figures in tasks.items():
         bound = workloads.BOUNDS.get((workload, task))
-        ours = [one for one in figures if one.participant == LIBRARY]
+        ours = [one for one in figures if one.participant == results.LIBRARY]
         if bound is not None and ours:
             yield workload, task, results.ratio(ours[0], figures), bound
 

@@ -11,6 +11,7 @@ from dataclasses import dataclass, field
 import workloads
 
 LIMIT = "limit"
+LIBRARY = "Halyard"
 
 
 class Failed(Exception):

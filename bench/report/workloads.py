@@ -32,6 +32,9 @@ TASKS = [
     "get",
 ]
 
+# Participants that are hand-written code.
+OTHER_LIMITS = ["limit", "read into used memory, then copied"]
+
 # What one unit of work is, for the column of nanoseconds.
 UNITS = {"W1": "record", "W2": "record", "W3": "number", "W4": "number", "W5": "call", "W6": "structure", "W7": "call"}
 
@@ -67,4 +70,31 @@ BOUNDS = {
     ("W5", "get by name"): 4,
     ("W6", "read"): 3,
     ("W6", "then depth to Real"): 2.2,
+}
+
+# What the library aims at: a multiple of the limit, or so many nanoseconds a unit.
+AIMS = {
+    ("W1", "write"): (2.5, "ratio"),
+    ("W1", "write, one call a record"): (1.2, "ratio"),
+    ("W1", "read"): (10, "ratio"),
+    ("W2", "write"): (4, "ratio"),
+    ("W2", "read"): (8, "ratio"),
+    ("W3", "depth to Real of 1000000"): (1.1, "ratio"),
+    ("W3", "x to Real of 1000000"): (1.1, "ratio"),
+    ("W3", "flags to Long of 1000000"): (1.1, "ratio"),
+    ("W3", "Real to depth of 1000000"): (1.1, "ratio"),
+    ("W3", "depth to Real of 1000"): (1.5, "ratio"),
+    ("W3", "x to Real of 1000"): (1.5, "ratio"),
+    ("W3", "flags to Long of 1000"): (1.5, "ratio"),
+    ("W3", "Real to depth of 1000"): (1.5, "ratio"),
+    ("W4", "write"): (1.2, "ratio"),
+    ("W4", "read"): (1.5, "ratio"),
+    ("W5", "put by position"): (6, "ns"),
+    ("W5", "get by position"): (6, "ns"),
+    ("W5", "put by name"): (19, "ns"),
+    ("W5", "get by name"): (19, "ns"),
+    ("W6", "read"): (1.5, "ratio"),
+    ("W6", "then depth to Real"): (1.1, "ratio"),
+    ("W7", "put"): (1.0, "ratio"),
+    ("W7", "get"): (1.0, "ratio"),
 }
