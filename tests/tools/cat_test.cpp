@@ -72,6 +72,60 @@ TEST(Cat, TakesMembersByPath) {
   }
 }
 
+// A file with one array value of two structures: {Depth, Samples[3] of Long}.
+std::string ArrayFile() {
+  const std::string numbers =
+      UnitBytes().U16(0).Text("").Text("").U16(3).U16(8).U16(4).U16(8).U16(4).U16(0).bytes();
+  UnitBytes row;
+  row.U16(2).Text("Row").Text("").U16(2).U16(4);
+  row.Text("Depth").Text("").U8(0).U16(8).U16(4).U16(8).U16(4).U16(0);
+  row.Text("Samples").Text("").U8(0).U16(15).U16(12).Raw(numbers);
+  UnitBytes array;
+  array.U16(101).U16(15).U16(1).Text("Rows").Text("").U16(0).U16(14).U16(0).Raw(row.bytes());
+  UnitBytes value;
+  value.U16(102).U16(15).U16(1).U32(2);
+  for (const unsigned first : {10U, 20U}) value.U32(first).U32(first + 1).U32(first + 2).U32(first + 3);
+  return Header() + Record(array.bytes()) + Record(value.bytes());
+}
+
+TEST(Cat, ShowsNestedArrays) {
+  const Folder folder;
+  const std::string file = folder.Make("a.orm", ArrayFile());
+  EXPECT_EQ(RunTool({"cat", file}).out,
+            "Rows\n   #  Depth  Samples\n2[0]     10  [11,12,13]\n2[1]     20  [21,22,23]\n");
+  EXPECT_EQ(RunTool({"cat", "--json", file}).out,
+            "[{\"Depth\":10,\"Samples\":[11,12,13]},{\"Depth\":20,\"Samples\":[21,22,23]}]\n");
+}
+
+TEST(Cat, TakesThePathsOfTheNumericTransfer) {
+  const Folder folder;
+  const std::string file = folder.Make("a.orm", ArrayFile());
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"Samples[2]", "[{\"Samples[2]\":13},{\"Samples[2]\":23}]\n"},
+      {"Samples[1,2]", "[{\"Samples[1]\":12},{\"Samples[1]\":22}]\n"},
+      {"[1].Depth", "[{\"Depth\":10},{\"Depth\":20}]\n"},
+      {"[0][Depth]", "[{\"Depth\":10},{\"Depth\":20}]\n"},
+      {"Depth[Depth]", "[{\"Depth\":10},{\"Depth\":20}]\n"}};
+  for (const auto& [path, wanted] : cases) {
+    const Outcome outcome = RunTool({"cat", "--json", "-m", path, file});
+    EXPECT_EQ(outcome.out, wanted) << path << outcome.err;
+  }
+  EXPECT_EQ(RunTool({"cat", "--tree", "-m", "[Depth,Samples]", "-r", "2", file}).out.substr(0, 47),
+            "2[0]: Rows\n├─ Depth 10\n└─ Samples Array")
+      << RunTool({"cat", "--tree", "-m", "[Depth,Samples]", "-r", "2", file}).out;
+  for (const std::string path :
+       {"Samples[3]", "Samples[-1]", "Samples[]", "Samples.[0]", "Depth]", "[-1].Depth"}) {
+    EXPECT_EQ(RunTool({"cat", "-m", path, file}).code, 2) << path;
+  }
+}
+
+TEST(Export, WritesRawNumbersOfNestedArrays) {
+  const Folder folder;
+  const std::string file = folder.Make("a.orm", ArrayFile());
+  EXPECT_EQ(RunTool({"export", "--raw", "Byte", "-m", "Samples[2]", "-m", "[1].Depth", file}).out,
+            "\x0D\x0A\x17\x14");
+}
+
 TEST(Cat, EscapesWhatATerminalWouldObey) {
   const Folder folder;
   const std::string file = folder.Make(

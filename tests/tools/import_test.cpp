@@ -122,6 +122,14 @@ TEST(Import, TakesTheDefinitionOfAnotherFile) {
       << refused.err;
 }
 
+TEST(Import, LeavesOutWhatTheTableLacks) {
+  const Imported first("a,b,c\n1,x,5\n2,y,\n");
+  const std::string table = first.folder().Make("second.csv", "a\n7\n");
+  const std::string out = first.folder().File("second.orm");
+  EXPECT_EQ(RunTool({"import", "--like", first.file(), table, "-o", out}).code, 0);
+  EXPECT_EQ(RunTool({"cat", "--json", out}).out, "{\"a\":7,\"b\":\"\",\"c\":null}\n");
+}
+
 TEST(Import, NamesLineAndColumnOfWhatDoesNotFit) {
   const Folder folder;
   const std::vector<std::pair<std::string, std::string>> cases = {
@@ -176,14 +184,31 @@ TEST(Export, WritesRawNumbers) {
             std::string("\1\0\0\0\x2C\1\0\0\xFF\xFF\xFF\xFF", 12));
   EXPECT_EQ(imported.Says({"export", "--raw", "shortreal", "-m", "b"}),
             std::string("\0\0\0\x3F\0\0\0\xC0\0\0\xE0\x3F", 12));
+  EXPECT_EQ(imported.Says({"export", "--raw", "Short", "-m", "[b,a]"}),
+            std::string("\0\0\1\0\xFE\xFF\x2C\1\1\0\xFF\xFF", 12));
   const Imported array("a,b\n1,0.5\n300,-2\n", {"--array"});
   EXPECT_EQ(array.Says({"export", "--raw", "Word", "-m", "a"}), std::string("\1\0\x2C\1", 4));
+}
+
+TEST(Export, KeepsTheColumnsOfATableWithoutRows) {
+  ExpectRoundTrip("a,b\n");
+  ExpectRoundTrip("a,b\r\n", {"--array"});
+}
+
+TEST(Export, RefusesRawNumbersThatAreMissing) {
+  const Imported imported("a,b\n1,x\n,y\n3,z\n");
+  const Outcome outcome = RunTool({"export", "--raw", "Long", "-m", "a", imported.file()});
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_NE(outcome.err.find("record 4: there is no a, and raw numbers have no gaps"), std::string::npos)
+      << outcome.err;
 }
 
 TEST(Export, RefusesRawNumbersThatAreNone) {
   const Imported imported("a,b\n1,x\n");
   for (const std::vector<std::string>& arguments : {std::vector<std::string>{"--raw", "Long", "-m", "c"},
+                                                    {"--raw", "Long", "-m", "b"},
                                                     {"--raw", "Float", "-m", "a"},
+                                                    {"--raw", "Long"},
                                                     {"--raw", "Long", "-m", "a", "-m", "b"}}) {
     std::vector<std::string> all = {"export", imported.file(), "-o", imported.folder().File("n")};
     all.insert(all.end(), arguments.begin(), arguments.end());

@@ -1,7 +1,8 @@
-// The shell session that README.md shows: its commands are run and must say what is
+// The shell sessions that documents show: their commands are run and must say what is
 // printed there.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <sstream>
 
 #include "tests/tools/support/run_tool.h"
@@ -11,29 +12,39 @@ namespace {
 
 constexpr char kOpening[] = "```console\n";
 
-// The session of a document, from its first block of that kind.
+// The session of a document: all its blocks of that kind, in their order.
 std::string SessionIn(const std::string& document) {
-  const std::size_t start = document.find(kOpening);
-  if (start == std::string::npos) return {};
-  const std::size_t first = start + sizeof kOpening - 1;
-  return document.substr(first, document.find("```", first) - first);
+  std::string session;
+  for (std::size_t at = 0; (at = document.find(kOpening, at)) != std::string::npos;) {
+    at += sizeof kOpening - 1;
+    const std::size_t end = document.find("```", at);
+    session += document.substr(at, end - at);
+    at = end;
+  }
+  return session;
 }
 
-TEST(Readme, ShowsWhatTheToolSays) {
-  const std::string session = SessionIn(Content(HALYARD_SOURCE_DIR "/README.md"));
-  ASSERT_NE(session, "");
-  const Folder folder;
+// Runs the lines that begin with a prompt and puts each before what it says.
+std::string Replayed(const std::string& session, const Folder& folder) {
   std::string script = "halyard() { $HALYARD \"$@\"; }; cd " + folder.path().string() + "\n";
   std::istringstream lines(session);
-  std::size_t commands = 0;
   for (std::string line; std::getline(lines, line);) {
     if (line.rfind("$ ", 0) != 0) continue;
-    ++commands;
     script += "cat <<'END'\n" + line + "\nEND\n" + line.substr(2) + " 2>&1\n";
   }
-  EXPECT_GE(commands, 3U);
-  EXPECT_EQ(RunShell(script).out, session);
+  return RunShell(script).out;
 }
+
+class Document : public testing::TestWithParam<std::string> {};
+
+TEST_P(Document, ShowsWhatTheToolSays) {
+  const std::string session = SessionIn(Content(HALYARD_SOURCE_DIR "/" + GetParam()));
+  EXPECT_GE(std::count(session.begin(), session.end(), '$'), 5) << "there is hardly a session";
+  EXPECT_EQ(Replayed(session, Folder()), session);
+}
+
+INSTANTIATE_TEST_SUITE_P(Documents, Document, testing::Values("README.md", "docs/tool.md"),
+                         [](const auto& name) { return name.index == 0 ? "Readme" : "Manual"; });
 
 }  // namespace
 }  // namespace halyard::test

@@ -48,6 +48,10 @@ TEST(Reference, WrongArgumentsAreUsage) {
   }
 }
 
+TEST(Reference, NamesAVerbThatIsNone) {
+  EXPECT_EQ(RunTool({"fly", "a.orm"}).err, "halyard: there is no verb 'fly'; 'halyard --help' lists them\n");
+}
+
 TEST(Reference, TheManualPageIsSoundAndNamesEverything) {
   const std::string page = RunTool({"manual"}).out;
   for (const std::string& verb : kVerbs)

@@ -25,6 +25,10 @@ constexpr std::size_t kOptionWidth = 34;
 
 // Prints what --help and --version ask for, or what is wrong with the arguments.
 ExitCode Answer(const CLI::App& program, const CLI::ParseError& error) {
+  if (program.get_subcommands().empty() && program.remaining_size() != 0) {
+    Remark("there is no verb '" + program.remaining().front() + "'; 'halyard --help' lists them");
+    return ExitCode::kUsage;
+  }
   std::ostringstream out;
   std::ostringstream err;
   const bool is_fault = program.exit(error, out, err) != 0;

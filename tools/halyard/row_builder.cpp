@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <limits>
 
 #include "tools/halyard/client.h"
@@ -100,7 +101,15 @@ Holder HolderOf(const Ptr<IValueBase>& row, const DefinitionView& definition, co
 }  // namespace
 
 RowBuilder::RowBuilder(DefinitionPtr definition, std::vector<MemberPath> columns)
-    : definition_(std::move(definition)), columns_(std::move(columns)) {}
+    : definition_(std::move(definition)), columns_(std::move(columns)) {
+  for (MemberPath& path : AllPaths(definition_)) {
+    const bool is_filled = std::any_of(columns_.begin(), columns_.end(), [&](const MemberPath& column) {
+      return column.steps.size() >= path.steps.size() &&
+             std::equal(path.steps.begin(), path.steps.end(), column.steps.begin());
+    });
+    if (!is_filled) absent_.push_back(std::move(path));
+  }
+}
 
 Ptr<IValueBase> RowBuilder::Build(const CsvRow& row, const CsvReader& reader) const {
   if (row.size() != columns_.size()) {
@@ -109,7 +118,14 @@ Ptr<IValueBase> RowBuilder::Build(const CsvRow& row, const CsvReader& reader) co
   Ptr<IValueBase> value;
   Check(definition_->object->CreateDataObject(value.Out()), definition_->object);
   for (std::size_t i = 0; i < row.size(); ++i) Put(value, columns_[i], row[i], reader);
+  for (const MemberPath& path : absent_) LeaveOut(value, path);
   return value;
+}
+
+void RowBuilder::LeaveOut(const Ptr<IValueBase>& row, const MemberPath& path) const {
+  const Holder holder = HolderOf(row, *definition_, path);
+  if (!holder.can_be_null) return;
+  Check(holder.object->put_Item(Variant(path.steps.back()).get(), Variant::Null().get()), holder.object);
 }
 
 void RowBuilder::Put(const Ptr<IValueBase>& row, const MemberPath& path, const CsvField& field,

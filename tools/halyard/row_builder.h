@@ -22,8 +22,11 @@ class RowBuilder {
   void Put(const Ptr<IValueBase>& row, const MemberPath& path, const CsvField& field,
            const CsvReader& reader) const;
 
+  void LeaveOut(const Ptr<IValueBase>& row, const MemberPath& path) const;
+
   DefinitionPtr definition_;
   std::vector<MemberPath> columns_;
+  std::vector<MemberPath> absent_;  // the parts that no column fills: null where they can be
 };
 
 }  // namespace halyard::tool

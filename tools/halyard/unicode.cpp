@@ -2,7 +2,10 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <array>
+
+#include "tools/halyard/ascii.h"
 
 namespace halyard::tool {
 namespace {
@@ -138,12 +141,15 @@ std::string Utf8Of(WideView wide) {
 }
 
 std::size_t DisplayWidth(std::string_view text) noexcept {
+  if (IsAscii(text)) return text.size();
   std::size_t width = 0;
   while (!text.empty()) width += WidthOf(TakeCharacter(text).value_or(kReplacement));
   return width;
 }
 
 std::string Printable(std::string_view text) {
+  const bool is_plain = std::all_of(text.begin(), text.end(), [](char c) { return c >= ' ' && c < 0x7F; });
+  if (is_plain) return std::string(text);
   std::string result;
   while (!text.empty()) {
     const auto byte = static_cast<unsigned char>(text.front());
