@@ -64,6 +64,15 @@ TEST(Info, TellsOfAnUnreadTail) {
       << outcome.out;
 }
 
+TEST(Info, CountsWholeRecordsOfAPipeOnly) {
+  Setting setting;
+  setting.input = StationFile(2) + UnitBytes().U32(1000).U16(102).U16(14).U16(3).bytes();
+  const Outcome outcome = RunTool({"info", "-"}, setting);
+  EXPECT_EQ(outcome.code, 1);
+  EXPECT_TRUE(Has(outcome.out, "records           3 records in 130 bytes")) << outcome.out;
+  EXPECT_TRUE(Has(outcome.out, "unread tail of 10 bytes at offset 138")) << outcome.out;
+}
+
 TEST(Info, GoesOnWithTheOtherFiles) {
   const Folder folder;
   const Outcome outcome = RunTool({"info", folder.File("none.orm"), folder.Make("a.orm", StationFile(1))});

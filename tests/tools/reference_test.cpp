@@ -39,6 +39,8 @@ TEST(Reference, WrongArgumentsAreUsage) {
         {"cat", "-r", "x", file},
         {"cat", "--json", "--tree", file},
         {"filter", file},
+        {"doctor", "--limit=-5", file},
+        {"import", file, "-o", folder.File("o"), "--enumerations", "99999999999999999999"},
         {"cat", "--encoding", "ebcdic", file},
         {"import", file, "-o", folder.File("o"), "--type", "a=Number"}}) {
     const Outcome outcome = RunTool(arguments);

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
+#include <charconv>
 
 namespace halyard::tool {
 namespace {
@@ -43,7 +44,12 @@ void Command::Option(const Wanted& wanted, std::vector<std::string>& targets) {
 }
 
 void Command::Option(const Wanted& wanted, std::uint64_t& target) {
-  Described(app_.get().add_option(wanted.names, target), wanted);
+  Option(wanted, [&target](const std::string& text) {
+    const char* end = text.data() + text.size();
+    const auto result = std::from_chars(text.data(), end, target);
+    const bool is_number = result.ec == std::errc() && result.ptr == end;
+    return is_number ? std::string() : "'" + text + "' is no number from 0 to 18446744073709551615";
+  });
 }
 
 void Command::Option(const Wanted& wanted, Take take) {

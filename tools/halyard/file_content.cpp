@@ -5,30 +5,37 @@
 namespace halyard::tool {
 namespace {
 
-void Count(const Record& record, RecordReader& reader, UnitDecoder& decoder, FileContent& content) {
+void CountDefinition(const Record& record, std::span<const unsigned char> unit, UnitDecoder& decoder,
+                     FileContent& content) {
+  const DecodedUnit decoded = decoder.DecodeInfo(unit);
+  if (decoded.verdict != Verdict::kWhole) {
+    content.broken.Count(record);
+    return;
+  }
+  ContentDefinition& definition = content.definitions[{record.head.type, record.head.id}];
+  definition.view = decoded.definition;
+  definition.announced.Count(record);
+}
+
+void CountValue(const Record& record, FileContent& content) {
+  const auto definition = content.definitions.find({record.head.type, record.head.id});
+  if (definition != content.definitions.end()) {
+    definition->second.values.Count(record);
+  } else {
+    content.unresolved.Count(record);
+  }
+}
+
+// Counts a record; false where the file ends inside it.
+bool Count(const Record& record, RecordReader& reader, UnitDecoder& decoder, FileContent& content) {
+  const auto unit = record.head.IsInfo() ? reader.Unit() : std::nullopt;
+  if (!unit && !reader.Pass()) return false;
   content.all.Count(record);
   content.kinds[record.head.kind].Count(record);
   content.types[record.head.type].Count(record);
-  const DefinitionKey key(record.head.type, record.head.id);
-  if (record.head.IsInfo()) {
-    const auto unit = reader.Unit();
-    if (!unit) return;
-    const DecodedUnit decoded = decoder.DecodeInfo(*unit);
-    if (decoded.verdict != Verdict::kWhole) {
-      content.broken.Count(record);
-      return;
-    }
-    ContentDefinition& definition = content.definitions[key];
-    definition.view = decoded.definition;
-    definition.announced.Count(record);
-  } else if (record.head.IsData()) {
-    const auto definition = content.definitions.find(key);
-    if (definition != content.definitions.end()) {
-      definition->second.values.Count(record);
-    } else {
-      content.unresolved.Count(record);
-    }
-  }
+  if (unit) CountDefinition(record, *unit, decoder, content);
+  if (record.head.IsData()) CountValue(record, content);
+  return true;
 }
 
 }  // namespace
@@ -40,8 +47,8 @@ FileContent ExamineFile(const std::string& file) {
   Progress progress(input.name(), input.size());
   FileContent content;
   content.name = input.name();
-  while (const auto record = reader.Next()) {
-    Count(*record, reader, decoder, content);
+  for (auto record = reader.Next(); record && Count(*record, reader, decoder, content);
+       record = reader.Next()) {
     progress.At(record->offset);
   }
   content.fault = reader.fault();

@@ -30,8 +30,7 @@ RecordReader::RecordReader(Input& input, std::uint64_t number)
     : input_(input), offset_(input.position()), number_(number) {}
 
 std::optional<Record> RecordReader::Next() {
-  FinishRecord();
-  if (fault_) return std::nullopt;
+  if (!Pass()) return std::nullopt;
   std::array<unsigned char, kLengthBytes> length{};
   const std::size_t count = input_.Read(length);
   if (count != kLengthBytes) return StopInLength(count);
@@ -74,16 +73,17 @@ std::optional<std::span<const unsigned char>> RecordReader::Unit() {
   return unit_;
 }
 
-void RecordReader::FinishRecord() {
-  if (!open_) return;
+bool RecordReader::Pass() {
+  if (!open_) return !fault_;
   open_ = false;
   const std::uint64_t left = record_.length - front_size_;
   const std::uint64_t count = input_.Skip(left);
   if (count != left) {
     CutShort(front_size_ + count);
-  } else {
-    offset_ = record_.end();
+    return false;
   }
+  offset_ = record_.end();
+  return true;
 }
 
 void RecordReader::CutShort(std::uint64_t there) {

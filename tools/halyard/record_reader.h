@@ -51,6 +51,10 @@ class RecordReader {
   // input ends inside it.
   std::optional<std::span<const unsigned char>> Unit();
 
+  // Passes over the record that Next gave, and answers whether it is whole. Next does the
+  // same where nobody asks.
+  bool Pass();
+
   // Why Next or Unit had to give up, or nothing at a proper end.
   [[nodiscard]] const std::optional<Fault>& fault() const noexcept { return fault_; }
 
@@ -60,7 +64,6 @@ class RecordReader {
   [[nodiscard]] Input& input() noexcept { return input_; }
 
  private:
-  void FinishRecord();
   void CutShort(std::uint64_t there);
   std::optional<Record> StopInLength(std::size_t there);
 
