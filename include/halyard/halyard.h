@@ -17,6 +17,7 @@
 #include "halyard/platform/narrow_text.h"
 #include "halyard/platform/wide_text.h"
 #include "halyard/stream/orm_file.h"
+#include "halyard/stream/orm_file_buffering.h"
 #include "halyard/stream/orm_help.h"
 #include "halyard/stream/orm_session.h"
 #include "halyard/stream/unit.h"

@@ -25,8 +25,15 @@ void CloseFile(FileHandle handle) noexcept;
 // of the file. False when the system reports a failure.
 bool ReadFromFile(FileHandle handle, void* bytes, std::uint32_t size, std::uint32_t* count) noexcept;
 
-// Writes all `size` bytes or reports false.
-bool WriteToFile(FileHandle handle, const void* bytes, std::uint32_t size) noexcept;
+// The same with one call of the system: what it has at hand, nothing only at the end.
+bool ReadSomeFromFile(FileHandle handle, void* bytes, std::uint32_t size, std::uint32_t* count) noexcept;
+
+// Whether somebody else holds the other end of the handle and may be gone when it is
+// written to, as with a pipe.
+bool CanBreak(FileHandle handle) noexcept;
+
+// Writes all `size` bytes or reports false. `can_break` is what CanBreak said.
+bool WriteToFile(FileHandle handle, const void* bytes, std::uint32_t size, bool can_break) noexcept;
 
 // How many bytes lie between the position and the end; none for a handle that has no
 // length, such as a pipe.

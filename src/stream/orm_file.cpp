@@ -19,6 +19,7 @@ namespace {
 constexpr char kSignature[4] = "Orm";
 constexpr float kFormatVersion = 1.0f;
 constexpr std::uint32_t kLengthBytes = 4;
+constexpr char kLost[] = "records that waited to be written were lost";
 
 // Letter case is ignored, as readers have always done.
 bool IsSignature(const char (&bytes)[sizeof kSignature]) noexcept {
@@ -34,23 +35,24 @@ OrmFile::OrmFile()
       unit_(ActivateAs<IUnit>(kUnitClass)),
       buffer_(std::make_unique<unsigned char[]>(kWorkBufferSize)) {}
 
-OrmFile::~OrmFile() { CloseHandleIfAny(); }
-
 HRESULT OrmFile::OpenForRead(BSTR sFileName, VARIANT_BOOL bCreateNewSession, VARIANT_BOOL* pbResult) {
   return Call("OpenForRead", [&]() -> HRESULT {
     Out(pbResult) = VARIANT_FALSE;
-    CloseHandleIfAny();
-    handle_ = OpenFileForRead(ViewOf(sFileName));
-    return handle_ == kNoFile ? S_OK : AttachForRead(handle_, bCreateNewSession, pbResult);
+    CloseChannel();
+    const FileHandle handle = OpenFileForRead(ViewOf(sFileName));
+    if (handle == kNoFile) return S_OK;
+    const HRESULT hr = AttachForRead(handle, bCreateNewSession, pbResult);
+    channel_.ReadAhead(handle);
+    return hr;
   });
 }
 
 HRESULT OrmFile::OpenForWrite(BSTR sFileName, VARIANT_BOOL* pbResult) {
   return Call("OpenForWrite", [&]() -> HRESULT {
     Out(pbResult) = VARIANT_FALSE;
-    CloseHandleIfAny();
-    handle_ = OpenFileForWrite(ViewOf(sFileName));
-    return handle_ == kNoFile ? S_OK : AttachForWrite(handle_, pbResult);
+    CloseChannel();
+    const FileHandle handle = OpenFileForWrite(ViewOf(sFileName));
+    return handle == kNoFile ? S_OK : AttachForWrite(handle, pbResult);
   });
 }
 
@@ -66,15 +68,14 @@ HRESULT OrmFile::put_Session(IOrmSession* pSession) {
 }
 
 HRESULT OrmFile::Close() {
-  CloseHandleIfAny();
-  return S_OK;
+  return Call("Close", [&] { CloseChannel(); });
 }
 
 HRESULT OrmFile::AttachForRead(LONG nHandle, VARIANT_BOOL bCreateNewSession, VARIANT_BOOL* pbResult) {
   return Call("AttachForRead", [&] {
     Out(pbResult) = VARIANT_FALSE;
     if (nHandle == kNoFile) return;
-    handle_ = nHandle;
+    TakeHandle(nHandle);
     if (!ReadHeader()) return;
     if (bCreateNewSession != VARIANT_FALSE || !session_) {
       session_.Reset();
@@ -91,7 +92,7 @@ HRESULT OrmFile::AttachForWrite(LONG nHandle, VARIANT_BOOL* pbResult) {
   return Call("AttachForWrite", [&] {
     Out(pbResult) = VARIANT_FALSE;
     if (nHandle == kNoFile) return;
-    handle_ = nHandle;
+    TakeHandle(nHandle);
     *pbResult = ToResult(WriteHeader());
   });
 }
@@ -152,22 +153,46 @@ HRESULT OrmFile::ReadInfo(IValueDefBase** ppData) {
   });
 }
 
-void OrmFile::CloseHandleIfAny() noexcept {
-  if (handle_ != kNoFile) CloseFile(std::exchange(handle_, kNoFile));
+HRESULT OrmFile::get_BufferSize(LONG* pnBytes) {
+  return Call("BufferSize", [&] { Out(pnBytes) = static_cast<LONG>(channel_.buffer_size()); });
+}
+
+HRESULT OrmFile::put_BufferSize(LONG nBytes) {
+  return Call("BufferSize", [&] {
+    if (nBytes < 0) throw Error(E_INVALIDARG, "a buffer cannot have a negative size");
+    const bool whole = channel_.Flush();
+    channel_.SetBufferSize(static_cast<std::uint32_t>(nBytes));
+    if (!whole) throw Error(E_FAIL, kLost);
+  });
+}
+
+HRESULT OrmFile::Flush(VARIANT_BOOL* pbResult) {
+  return Call("Flush", [&] { Out(pbResult) = ToResult(channel_.Flush()); });
+}
+
+void OrmFile::CloseChannel() {
+  if (!channel_.Close()) throw Error(E_FAIL, kLost);
+}
+
+void OrmFile::TakeHandle(FileHandle handle) {
+  const bool whole = channel_.Flush();
+  channel_.ForgetLoss();
+  if (!whole) throw Error(E_FAIL, kLost);
+  channel_.Take(handle);
 }
 
 bool OrmFile::ReadHeader() {
   char signature[sizeof kSignature] = {};
   float version = 0.0f;
   std::uint32_t count = 0;
-  if (!ReadFromFile(handle_, signature, sizeof signature, &count)) return false;
-  if (!ReadFromFile(handle_, &version, sizeof version, &count) || count != sizeof version) return false;
+  if (!channel_.Read(signature, sizeof signature, &count)) return false;
+  if (!channel_.Read(&version, sizeof version, &count) || count != sizeof version) return false;
   return IsSignature(signature) && !(version < kFormatVersion) && !(version > kFormatVersion);
 }
 
 bool OrmFile::WriteHeader() {
-  return WriteToFile(handle_, kSignature, sizeof kSignature) &&
-         WriteToFile(handle_, &kFormatVersion, sizeof kFormatVersion);
+  return channel_.Write(kSignature, sizeof kSignature) &&
+         channel_.Write(&kFormatVersion, sizeof kFormatVersion);
 }
 
 bool OrmFile::ReadRecord() {
@@ -176,9 +201,9 @@ bool OrmFile::ReadRecord() {
   Check(unit->put_Session(session.get()), unit);
   std::uint32_t length = 0;
   std::uint32_t count = 0;
-  if (!ReadFromFile(handle_, &length, kLengthBytes, &count) || count != kLengthBytes) return false;
+  if (!channel_.Read(&length, kLengthBytes, &count) || count != kLengthBytes) return false;
   RecordBuffer record(buffer_.get());
-  unsigned char* body = record.ReadBody(handle_, length);
+  unsigned char* body = record.ReadBody(channel_, length);
   if (body == nullptr) return false;
   ULONG used = 0;
   VARIANT_BOOL done = VARIANT_FALSE;
@@ -204,7 +229,7 @@ bool OrmFile::WriteRecord() {
   VARIANT_BOOL done = VARIANT_FALSE;
   Check(unit->WriteToBuffer(bytes + kLengthBytes, length, &written, &done), unit);
   if (done == VARIANT_FALSE) return false;
-  return WriteToFile(handle_, bytes, static_cast<std::uint32_t>(total));
+  return channel_.Write(bytes, static_cast<std::uint32_t>(total));
 }
 
 }  // namespace halyard

@@ -6,20 +6,20 @@
 
 #include "halyard/definitions/value_def_base.h"
 #include "halyard/stream/orm_file.h"
+#include "halyard/stream/orm_file_buffering.h"
 #include "halyard/stream/orm_session.h"
 #include "halyard/stream/unit.h"
 #include "halyard/values/value_base.h"
 #include "object/object.h"
-#include "platform/file.h"
+#include "stream/file_channel.h"
 
 namespace halyard {
 
-class OrmFile : public Object<OrmFile, IOrmFile> {
+class OrmFile : public Object<OrmFile, IOrmFile, IOrmFileBuffering> {
  public:
   static constexpr char kClassName[] = "OrmFile";
 
   OrmFile();
-  ~OrmFile();
 
   HRESULT STDMETHODCALLTYPE OpenForRead(BSTR sFileName, VARIANT_BOOL bCreateNewSession,
                                         VARIANT_BOOL* pbResult) override;
@@ -37,8 +37,18 @@ class OrmFile : public Object<OrmFile, IOrmFile> {
                                           VARIANT_BOOL* pbResult) override;
   HRESULT STDMETHODCALLTYPE AttachForWrite(LONG nHandle, VARIANT_BOOL* pbResult) override;
 
+  HRESULT STDMETHODCALLTYPE get_BufferSize(LONG* pnBytes) override;
+  HRESULT STDMETHODCALLTYPE put_BufferSize(LONG nBytes) override;
+  HRESULT STDMETHODCALLTYPE Flush(VARIANT_BOOL* pbResult) override;
+
  private:
-  void CloseHandleIfAny() noexcept;
+  // Raises E_FAIL where records that waited to be written were lost.
+  void CloseChannel();
+
+  // Takes over a handle of the caller; the one held before is left open. Raises the same,
+  // and takes nothing then.
+  void TakeHandle(FileHandle handle);
+
   [[nodiscard]] bool ReadHeader();
   [[nodiscard]] bool WriteHeader();
 
@@ -50,9 +60,9 @@ class OrmFile : public Object<OrmFile, IOrmFile> {
   [[nodiscard]] bool WriteRecord();
 
   Ptr<IOrmSession> session_;
-  FileHandle handle_ = kNoFile;
   Ptr<IUnit> unit_;
   std::unique_ptr<unsigned char[]> buffer_;  // kWorkBufferSize bytes, for all but large records
+  FileChannel channel_;                      // last, so that it ends before what clients may see end
 };
 
 }  // namespace halyard

@@ -11,9 +11,9 @@ namespace {
 // The first step when the end of a stream is unknown; each further step doubles.
 constexpr std::uint32_t kFirstStep = 1u << 20;
 
-bool ReadWhole(FileHandle file, unsigned char* bytes, std::uint32_t size) noexcept {
+bool ReadWhole(FileChannel& file, unsigned char* bytes, std::uint32_t size) noexcept {
   std::uint32_t count = 0;
-  return ReadFromFile(file, bytes, size, &count) && count == size;
+  return file.Read(bytes, size, &count) && count == size;
 }
 
 }  // namespace
@@ -25,12 +25,13 @@ unsigned char* RecordBuffer::Reserve(std::uint64_t size) {
   return own_.get();
 }
 
-unsigned char* RecordBuffer::ReadBody(FileHandle file, std::uint32_t size) {
+unsigned char* RecordBuffer::ReadBody(FileChannel& file, std::uint32_t size) {
+  if (unsigned char* ahead = file.TakeAhead(size)) return ahead;
   if (size > kWorkBufferSize) {
-    const auto left = BytesToEnd(file);
+    const auto left = file.BytesToEnd();
     if (!left) return ReadInSteps(file, size);
     if (*left < size) {
-      SkipToEnd(file);  // a short read would have ended there, too
+      file.SkipToEnd();  // a short read would have ended there, too
       return nullptr;
     }
   }
@@ -38,7 +39,7 @@ unsigned char* RecordBuffer::ReadBody(FileHandle file, std::uint32_t size) {
   return ReadWhole(file, bytes, size) ? bytes : nullptr;
 }
 
-unsigned char* RecordBuffer::ReadInSteps(FileHandle file, std::uint32_t size) {
+unsigned char* RecordBuffer::ReadInSteps(FileChannel& file, std::uint32_t size) {
   std::uint32_t done = 0;
   std::uint64_t room = 0;
   while (done < size) {

@@ -1,10 +1,11 @@
-// Memory for one record: the file's work buffer, or memory of its own for a larger one.
+// Memory for one record: where it was read ahead, the file's work buffer, or memory of
+// its own for a larger one.
 #pragma once
 
 #include <cstdint>
 #include <memory>
 
-#include "platform/file.h"
+#include "stream/file_channel.h"
 
 namespace halyard {
 
@@ -21,11 +22,11 @@ class RecordBuffer {
 
   // Reads a record body of `size` bytes from the file; null when the file does not hold
   // that many. Memory grows no further than the file has bytes, whatever `size` says.
-  unsigned char* ReadBody(FileHandle file, std::uint32_t size);
+  unsigned char* ReadBody(FileChannel& file, std::uint32_t size);
 
  private:
   // As ReadBody, for a handle that does not know how much is left.
-  unsigned char* ReadInSteps(FileHandle file, std::uint32_t size);
+  unsigned char* ReadInSteps(FileChannel& file, std::uint32_t size);
 
   unsigned char* work_;
   std::unique_ptr<unsigned char[]> own_;

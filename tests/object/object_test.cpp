@@ -36,7 +36,7 @@ const std::vector<ClassRow>& Classes() {
        {IidOf<ISimpleFixedStructure>, IidOf<IStructure>, IidOf<IValueBase>}},
       {"OrmSession", kOrmSessionClass, {IidOf<IOrmSession>}},
       {"Unit", kUnitClass, {IidOf<IUnit>}},
-      {"OrmFile", kOrmFileClass, {IidOf<IOrmFile>}},
+      {"OrmFile", kOrmFileClass, {IidOf<IOrmFile>, IidOf<IOrmFileBuffering>}},
   };
   return rows;
 }

@@ -40,6 +40,14 @@ void WriteHandle(LONG handle, const Bytes& bytes) {
   EXPECT_EQ(written, bytes.size());
 }
 
+Bytes ReadHandle(LONG handle, std::size_t size) {
+  Bytes bytes(size);
+  DWORD count = 0;
+  EXPECT_TRUE(ReadFile(HandleOf(handle), bytes.data(), static_cast<DWORD>(size), &count, nullptr));
+  bytes.resize(count);
+  return bytes;
+}
+
 bool IsOpen(LONG handle) {
   DWORD flags = 0;
   return GetHandleInformation(HandleOf(handle), &flags) != FALSE;
@@ -75,6 +83,14 @@ Pipe OpenPipe() {
 
 void WriteHandle(LONG handle, const Bytes& bytes) {
   EXPECT_EQ(write(handle, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
+}
+
+Bytes ReadHandle(LONG handle, std::size_t size) {
+  Bytes bytes(size);
+  const ssize_t count = read(handle, bytes.data(), size);
+  EXPECT_GE(count, 0);
+  bytes.resize(count < 0 ? 0 : static_cast<std::size_t>(count));
+  return bytes;
 }
 
 bool IsOpen(LONG handle) { return fcntl(handle, F_GETFD) != -1; }

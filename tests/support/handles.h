@@ -28,6 +28,9 @@ Pipe OpenPipe();
 // Writes all of the bytes, which must fit what the handle takes at once.
 void WriteHandle(LONG handle, const Bytes& bytes);
 
+// The next `size` bytes from where the handle stands; fewer at the end.
+Bytes ReadHandle(LONG handle, std::size_t size);
+
 bool IsOpen(LONG handle);
 void CloseHandleValue(LONG handle);
 

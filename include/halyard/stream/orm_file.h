@@ -34,7 +34,8 @@ struct IOrmFile : IDispatch {
   virtual HRESULT STDMETHODCALLTYPE get_Session(IOrmSession** ppSession) = 0;
   virtual HRESULT STDMETHODCALLTYPE put_Session(IOrmSession* pSession) = 0;
 
-  // Closes the handle; the session stays.
+  // Closes the handle; the session stays. E_FAIL, with the handle closed, where records
+  // that waited to be written were lost (see orm_file_buffering.h).
   virtual HRESULT STDMETHODCALLTYPE Close() = 0;
 
   // Writes a value as one data record with one write; false when that fails.

@@ -85,8 +85,6 @@ bool WriteAll(FileHandle handle, const void* bytes, std::uint32_t size) noexcept
   return true;
 }
 
-bool HasPosition(FileHandle handle) noexcept { return lseek(handle, 0, SEEK_CUR) >= 0; }
-
 }  // namespace
 
 FileHandle OpenFileForRead(WideView name) noexcept { return Open(name, O_RDONLY, LOCK_SH); }
@@ -115,8 +113,16 @@ bool ReadFromFile(FileHandle handle, void* bytes, std::uint32_t size, std::uint3
   return true;
 }
 
-bool WriteToFile(FileHandle handle, const void* bytes, std::uint32_t size) noexcept {
-  if (HasPosition(handle)) return WriteAll(handle, bytes, size);
+bool ReadSomeFromFile(FileHandle handle, void* bytes, std::uint32_t size, std::uint32_t* count) noexcept {
+  const ssize_t n = Uninterrupted([&] { return read(handle, bytes, size); });
+  *count = n < 0 ? 0 : static_cast<std::uint32_t>(n);
+  return n >= 0;
+}
+
+bool CanBreak(FileHandle handle) noexcept { return lseek(handle, 0, SEEK_CUR) < 0; }
+
+bool WriteToFile(FileHandle handle, const void* bytes, std::uint32_t size, bool can_break) noexcept {
+  if (!can_break) return WriteAll(handle, bytes, size);
   const BrokenPipeGuard guard;
   return WriteAll(handle, bytes, size);
 }

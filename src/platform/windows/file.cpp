@@ -45,7 +45,17 @@ bool ReadFromFile(FileHandle handle, void* bytes, std::uint32_t size, std::uint3
   return true;
 }
 
-bool WriteToFile(FileHandle handle, const void* bytes, std::uint32_t size) noexcept {
+bool ReadSomeFromFile(FileHandle handle, void* bytes, std::uint32_t size, std::uint32_t* count) noexcept {
+  DWORD read = 0;
+  const bool done = ReadFile(ToSystem(handle), bytes, size, &read, nullptr) != FALSE;
+  *count = read;
+  return done;
+}
+
+// A broken pipe is a failed write like any other.
+bool CanBreak(FileHandle) noexcept { return false; }
+
+bool WriteToFile(FileHandle handle, const void* bytes, std::uint32_t size, bool) noexcept {
   DWORD written = 0;
   return WriteFile(ToSystem(handle), bytes, size, &written, nullptr) != FALSE && written == size;
 }

@@ -1,0 +1,105 @@
+#include "stream/file_channel.h"
+
+#include <algorithm>
+#include <cstring>
+#include <new>
+#include <utility>
+
+namespace halyard {
+namespace {
+
+// What is asked of the system at once when reading ahead.
+constexpr std::uint32_t kAheadBytes = 1u << 18;
+
+}  // namespace
+
+void FileChannel::Take(FileHandle handle) noexcept {
+  handle_ = handle;
+  can_break_ = CanBreak(handle);
+  reads_ahead_ = false;
+  lost_ = false;
+  ahead_begin_ = ahead_end_ = 0;
+}
+
+bool FileChannel::Close() noexcept {
+  if (!IsOpen()) return true;
+  const bool whole = Flush();
+  CloseFile(std::exchange(handle_, kNoFile));
+  lost_ = false;
+  return whole;
+}
+
+bool FileChannel::Flush() noexcept {
+  if (!waiting_.empty()) {
+    const auto size = static_cast<std::uint32_t>(waiting_.size());
+    if (!WriteToFile(handle_, waiting_.data(), size, can_break_)) lost_ = true;
+    waiting_.clear();
+  }
+  return !lost_;
+}
+
+void FileChannel::SetBufferSize(std::uint32_t size) noexcept {
+  buffer_size_ = size;
+  std::vector<unsigned char>().swap(waiting_);
+}
+
+bool FileChannel::Read(void* bytes, std::uint32_t size, std::uint32_t* count) noexcept {
+  Flush();
+  *count = 0;
+  auto* place = static_cast<unsigned char*>(bytes);
+  while (*count < size) {
+    if (ahead() == 0) {
+      const std::uint32_t rest = size - *count;
+      if (!reads_ahead_ || rest >= kAheadBytes || !Refill()) {
+        std::uint32_t more = 0;
+        const bool done = ReadFromFile(handle_, place + *count, rest, &more);
+        *count += more;
+        return done;
+      }
+      if (ahead() == 0) return true;
+    }
+    const std::uint32_t step = std::min(ahead(), size - *count);
+    std::memcpy(place + *count, ahead_.get() + ahead_begin_, step);
+    ahead_begin_ += step;
+    *count += step;
+  }
+  return true;
+}
+
+unsigned char* FileChannel::TakeAhead(std::uint32_t size) noexcept {
+  if (ahead() < size) return nullptr;
+  return ahead_.get() + std::exchange(ahead_begin_, ahead_begin_ + size);
+}
+
+std::optional<std::uint64_t> FileChannel::BytesToEnd() const noexcept {
+  auto left = halyard::BytesToEnd(handle_);
+  if (left) *left += ahead();
+  return left;
+}
+
+void FileChannel::SkipToEnd() noexcept {
+  ahead_begin_ = ahead_end_ = 0;
+  halyard::SkipToEnd(handle_);
+}
+
+bool FileChannel::Write(const void* bytes, std::uint32_t size) {
+  if (size > buffer_size_ - waiting_.size() && !Flush()) return false;
+  if (size > buffer_size_) return !lost_ && WriteToFile(handle_, bytes, size, can_break_);
+  if (lost_) return false;
+  if (waiting_.capacity() < buffer_size_) waiting_.reserve(buffer_size_);
+  const auto* first = static_cast<const unsigned char*>(bytes);
+  waiting_.insert(waiting_.end(), first, first + size);
+  return true;
+}
+
+bool FileChannel::Refill() noexcept {
+  if (!ahead_) ahead_.reset(new (std::nothrow) unsigned char[kAheadBytes]);
+  if (!ahead_) return false;
+  ahead_begin_ = ahead_end_ = 0;
+  std::uint32_t count = 0;
+  if (!ReadSomeFromFile(handle_, ahead_.get(), kAheadBytes, &count)) return false;
+  ahead_end_ = count;
+  return true;
+}
+
+}  // namespace halyard

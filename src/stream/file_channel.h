@@ -1,0 +1,82 @@
+// FileChannel: the handle of a file of units, with the bytes that wait on its two sides.
+//
+// Bytes wait to be written only where somebody asked for a buffer, and are read ahead
+// only from a file that nobody else holds: for all others a call here is a call of the
+// system.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "platform/file.h"
+
+namespace halyard {
+
+class FileChannel {
+ public:
+  FileChannel() noexcept = default;
+  ~FileChannel() { Close(); }
+  FileChannel(const FileChannel&) = delete;
+  FileChannel& operator=(const FileChannel&) = delete;
+
+  [[nodiscard]] bool IsOpen() const noexcept { return handle_ != kNoFile; }
+
+  // Takes over a handle; one held before is left open, and nothing may wait for it.
+  void Take(FileHandle handle) noexcept;
+
+  // Reads ahead from now on, if this is the handle that was taken last: one that nobody
+  // else has.
+  void ReadAhead(FileHandle handle) noexcept { reads_ahead_ = handle == handle_; }
+
+  // Hands over what waits and closes the handle, if there is one. False where written
+  // bytes were lost since the handle was taken.
+  bool Close() noexcept;
+
+  // Hands over what waits. False where written bytes were lost since the handle was taken.
+  bool Flush() noexcept;
+
+  // Counts no more what was lost so far.
+  void ForgetLoss() noexcept { lost_ = false; }
+
+  // The most bytes that may wait to be written; nothing may wait when it changes.
+  void SetBufferSize(std::uint32_t size) noexcept;
+  [[nodiscard]] std::uint32_t buffer_size() const noexcept { return buffer_size_; }
+
+  // Reads up to `size` bytes. `*count` is what was read, less than `size` only at the end
+  // of the file. False when the system reports a failure.
+  bool Read(void* bytes, std::uint32_t size, std::uint32_t* count) noexcept;
+
+  // Takes the next `size` bytes where they lie, if they were read ahead as a whole; else
+  // null. They stay there until the next call that reads.
+  unsigned char* TakeAhead(std::uint32_t size) noexcept;
+
+  // How many bytes follow; none for a file that has no length.
+  [[nodiscard]] std::optional<std::uint64_t> BytesToEnd() const noexcept;
+  void SkipToEnd() noexcept;
+
+  // Writes all `size` bytes, or lets them wait. False where that fails. Throws
+  // std::bad_alloc where there is no memory to wait in.
+  bool Write(const void* bytes, std::uint32_t size);
+
+ private:
+  [[nodiscard]] std::uint32_t ahead() const noexcept { return ahead_end_ - ahead_begin_; }
+
+  // Reads ahead what the system gives at once; false when it reports a failure.
+  bool Refill() noexcept;
+
+  FileHandle handle_ = kNoFile;
+  bool can_break_ = false;
+  bool reads_ahead_ = false;
+  bool lost_ = false;
+
+  std::uint32_t buffer_size_ = 0;
+  std::vector<unsigned char> waiting_;
+
+  std::unique_ptr<unsigned char[]> ahead_;  // made when needed, kept until the end
+  std::uint32_t ahead_begin_ = 0;
+  std::uint32_t ahead_end_ = 0;
+};
+
+}  // namespace halyard
