@@ -15,28 +15,12 @@
 
 namespace bench {
 
-// A number as an automation value: its type in the first word, its bits in the second.
-//
-// The two words are put together in a register and stored at once. A VARIANT travels by
-// value, so it is copied as soon as it is made; a processor hands a copy what one store has
-// written, but waits where it must collect the copy from a store of two bytes and another
-// of four.
-inline VARIANT FromBits(VARTYPE type, std::uint64_t bits) {
-  using TwoWords = std::uint64_t __attribute__((vector_size(16)));
-  const TwoWords words = {type, bits};
-  VARIANT result;
-  std::memcpy(&result, &words, sizeof words);
-  result.record.pRecInfo = nullptr;
-  return result;
+// Numbers and positions as automation values; nothing has to be cleared.
+template <class N>
+VARIANT Number(N value) {
+  return halyard::NumberVariant(value);
 }
-
-// Numbers and positions; nothing has to be cleared.
-inline VARIANT Number(LONG value) { return FromBits(VT_I4, static_cast<ULONG>(value)); }
-inline VARIANT Number(SHORT value) { return FromBits(VT_I2, static_cast<USHORT>(value)); }
-inline VARIANT Number(BYTE value) { return FromBits(VT_UI1, value); }
-inline VARIANT Number(float value) { return FromBits(VT_R4, std::bit_cast<ULONG>(value)); }
-inline VARIANT Number(double value) { return FromBits(VT_R8, std::bit_cast<std::uint64_t>(value)); }
-inline VARIANT Position(LONG position) { return Number(position); }
+inline VARIANT Position(LONG position) { return halyard::NumberVariant(position); }
 
 // A member of a record by its position, where it is a number.
 inline VARIANT NumberOf(halyard::IValueBase& record, const VARIANT& index) {

@@ -10,6 +10,7 @@
 #include "halyard/object/bstr.h"
 #include "halyard/object/error.h"
 #include "halyard/object/live_objects.h"
+#include "halyard/object/number_variant.h"
 #include "halyard/object/ptr.h"
 #include "halyard/object/variant.h"
 #include "halyard/platform/automation.h"

@@ -100,6 +100,9 @@ struct IStructureLayoutSource : IUnknown {
 
   // The table; it lives as long as the definition, in one place.
   virtual StructureLayout& Layout() = 0;
+
+  // The public interface of the same object.
+  virtual IValueDefBase* Outside() noexcept = 0;
 };
 
 }  // namespace halyard

@@ -59,4 +59,11 @@ HRESULT ReportFailure(const char* class_name, const char* operation) noexcept {
   }
 }
 
+void ReraiseAsOf(const char* class_name, const char* operation) {
+  const HRESULT code = ReportFailure(class_name, operation);
+  Ptr<IErrorInfo> info;
+  if (GetErrorInfo(0, info.Out()) != S_OK) info.Reset();
+  throw Error(code, std::move(info));
+}
+
 }  // namespace halyard

@@ -15,6 +15,10 @@ namespace halyard {
 // class and operation failed and why. Only for use in a catch block.
 HRESULT ReportFailure(const char* class_name, const char* operation) noexcept;
 
+// As ReportFailure, but the failure goes on as an Error with that error object: what
+// Check would raise for a call on an object of that class.
+[[noreturn]] void ReraiseAsOf(const char* class_name, const char* operation);
+
 // Runs the body of an interface method. The body answers a status or, returning
 // nothing, S_OK; whatever it throws becomes the status of ReportFailure.
 template <class Body>

@@ -8,10 +8,21 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
+
+#include "object/raw_memory.h"
 
 namespace halyard {
 
 static_assert(std::endian::native == std::endian::little, "encodings are little-endian, as memory must be");
+
+// Bytes with the memory in which they lie, or none.
+struct OwnedBytes {
+  RawMemory memory;
+  std::span<unsigned char> bytes;
+
+  explicit operator bool() const noexcept { return memory != nullptr; }
+};
 
 class ReadCursor {
  public:
@@ -48,6 +59,19 @@ class ReadCursor {
     return true;
   }
 
+  // Lets a reader keep the memory of the buffer, which is `memory`, instead of copying
+  // from it.
+  void Offer(RawMemory* memory) noexcept { offered_ = memory; }
+
+  // Takes `size` bytes together with the memory in which they lie. Only where they are the
+  // last of the buffer and most of it, and the memory is to be had; else nothing is taken.
+  [[nodiscard]] OwnedBytes TakeWithMemory(std::size_t size) noexcept {
+    if (offered_ == nullptr || *offered_ == nullptr || rest_.size() != size || size < position()) return {};
+    unsigned char* bytes = offered_->get() + (rest_.data() - offered_->get());
+    rest_ = rest_.subspan(size);
+    return {std::move(*offered_), {bytes, size}};
+  }
+
   // What has not been taken yet.
   [[nodiscard]] std::span<const unsigned char> rest() const noexcept { return rest_; }
   [[nodiscard]] std::uint32_t room() const noexcept { return static_cast<std::uint32_t>(rest_.size()); }
@@ -60,6 +84,7 @@ class ReadCursor {
  private:
   const unsigned char* start_;
   std::span<const unsigned char> rest_;
+  RawMemory* offered_ = nullptr;
 };
 
 class WriteCursor {

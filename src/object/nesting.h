@@ -25,6 +25,7 @@ class NestingLevel {
   NestingLevel& operator=(const NestingLevel&) = delete;
 
   [[nodiscard]] bool Exceeds(int limit) const noexcept { return depth_ > limit; }
+  [[nodiscard]] static int depth() noexcept { return depth_; }
 
  private:
   static inline thread_local int depth_ = 0;
@@ -45,6 +46,11 @@ class WalkingLevel {
   WalkingLevel() {
     if (level_.Exceeds(kDeepestNesting))
       throw Error(E_INVALIDARG, "objects are nested too deeply, or in themselves");
+  }
+
+  // Whether the two levels more of a value and its definition would do.
+  [[nodiscard]] static bool HasRoom() noexcept {
+    return NestingLevel<WalkingLevel>::depth() + 2 <= kDeepestNesting;
   }
 
  private:

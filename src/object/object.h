@@ -108,6 +108,12 @@ class Object : public Interfaces..., public IObjectSafety, public ISupportErrorI
   // one hide this function.
   HRESULT DefaultValue(VARIANT*) noexcept { return DISP_E_PARAMNOTFOUND; }
 
+  // Whether exactly one reference holds the object, and no outer one does.
+  [[nodiscard]] virtual bool HeldOnce() const noexcept = 0;
+
+  // Makes the frame that of a new object again.
+  void ResetFrame() noexcept { safety_ = {}; }
+
   // The interface `iid` of this object, uncounted; null if it has none of that kind.
   void* FindInterface(REFIID iid) noexcept {
     void* found = nullptr;
@@ -156,6 +162,9 @@ class PlainObject final : public T {
     return left;
   }
 
+ protected:
+  bool HeldOnce() const noexcept override { return references_ == 1; }
+
  private:
   ULONG references_ = 0;
 };
@@ -193,6 +202,9 @@ class AggregatedObject final : public IUnknown {
     ULONG STDMETHODCALLTYPE AddRef() override { return outer_->AddRef(); }
     ULONG STDMETHODCALLTYPE Release() override { return outer_->Release(); }
     HRESULT Query(REFIID riid, void** result) noexcept { return this->QueryTable(riid, result); }
+
+   protected:
+    bool HeldOnce() const noexcept override { return false; }
 
    private:
     IUnknown* outer_;  // not counted: the outer object owns the part

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 
 #include "halyard/platform/wide_text.h"
 
@@ -34,6 +35,14 @@ bool CanBreak(FileHandle handle) noexcept;
 
 // Writes all `size` bytes or reports false. `can_break` is what CanBreak said.
 bool WriteToFile(FileHandle handle, const void* bytes, std::uint32_t size, bool can_break) noexcept;
+
+// Whether the system takes bytes from two places in one write.
+bool GathersWrites() noexcept;
+
+// Writes both parts, one behind the other, or reports false. Only where the system
+// gathers writes.
+bool WriteBothToFile(FileHandle handle, std::span<const unsigned char> first,
+                     std::span<const unsigned char> second, bool can_break) noexcept;
 
 // How many bytes lie between the position and the end; none for a handle that has no
 // length, such as a pipe.

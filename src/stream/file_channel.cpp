@@ -30,17 +30,14 @@ bool FileChannel::Close() noexcept {
 }
 
 bool FileChannel::Flush() noexcept {
-  if (!waiting_.empty()) {
-    const auto size = static_cast<std::uint32_t>(waiting_.size());
-    if (!WriteToFile(handle_, waiting_.data(), size, can_break_)) lost_ = true;
-    waiting_.clear();
-  }
+  const std::uint32_t size = std::exchange(waiting_size_, 0);
+  if (size != 0 && !WriteToFile(handle_, waiting_.get(), size, can_break_)) lost_ = true;
   return !lost_;
 }
 
 void FileChannel::SetBufferSize(std::uint32_t size) noexcept {
   buffer_size_ = size;
-  std::vector<unsigned char>().swap(waiting_);
+  waiting_.reset();
 }
 
 bool FileChannel::Read(void* bytes, std::uint32_t size, std::uint32_t* count) noexcept {
@@ -83,13 +80,19 @@ void FileChannel::SkipToEnd() noexcept {
 }
 
 bool FileChannel::Write(const void* bytes, std::uint32_t size) {
-  if (size > buffer_size_ - waiting_.size() && !Flush()) return false;
-  if (size > buffer_size_) return !lost_ && WriteToFile(handle_, bytes, size, can_break_);
-  if (lost_) return false;
-  if (waiting_.capacity() < buffer_size_) waiting_.reserve(buffer_size_);
-  const auto* first = static_cast<const unsigned char*>(bytes);
-  waiting_.insert(waiting_.end(), first, first + size);
-  return true;
+  if (unsigned char* room = RoomToWait(size)) {
+    std::memcpy(room, bytes, size);
+    AddToWaiting(size);
+    return true;
+  }
+  return Flush() && WriteToFile(handle_, bytes, size, can_break_);
+}
+
+unsigned char* FileChannel::RoomToWait(std::uint32_t size) {
+  if (size > buffer_size_ || lost_) return nullptr;
+  if (size > buffer_size_ - waiting_size_ && !Flush()) return nullptr;
+  if (!waiting_) waiting_ = std::make_unique_for_overwrite<unsigned char[]>(buffer_size_);
+  return waiting_.get() + waiting_size_;
 }
 
 bool FileChannel::Refill() noexcept {

@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
-#include <vector>
+#include <span>
 
 #include "platform/file.h"
 
@@ -56,6 +56,16 @@ class FileChannel {
   [[nodiscard]] std::optional<std::uint64_t> BytesToEnd() const noexcept;
   void SkipToEnd() noexcept;
 
+  // The same for two parts with one write. Only where the system gathers writes.
+  bool WriteInOne(std::span<const unsigned char> head, std::span<const unsigned char> bytes) noexcept {
+    return Flush() && WriteBothToFile(handle_, head, bytes, can_break_);
+  }
+
+  // Room for `size` bytes that will wait once they are Added, null where they would not.
+  // Throws std::bad_alloc.
+  unsigned char* RoomToWait(std::uint32_t size);
+  void AddToWaiting(std::uint32_t size) noexcept { waiting_size_ += size; }
+
   // Writes all `size` bytes, or lets them wait. False where that fails. Throws
   // std::bad_alloc where there is no memory to wait in.
   bool Write(const void* bytes, std::uint32_t size);
@@ -72,7 +82,8 @@ class FileChannel {
   bool lost_ = false;
 
   std::uint32_t buffer_size_ = 0;
-  std::vector<unsigned char> waiting_;
+  std::unique_ptr<unsigned char[]> waiting_;  // of that size, made when needed
+  std::uint32_t waiting_size_ = 0;
 
   std::unique_ptr<unsigned char[]> ahead_;  // made when needed, kept until the end
   std::uint32_t ahead_begin_ = 0;

@@ -1,6 +1,7 @@
 #include "stream/orm_file.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstring>
 #include <iterator>
 #include <limits>
@@ -28,12 +29,46 @@ bool IsSignature(const char (&bytes)[sizeof kSignature]) noexcept {
   return EqualIgnoringCase(text, std::string_view(kSignature));
 }
 
+constexpr std::size_t kHeadBytes = kLengthBytes + Unit::kDataHeaderBytes;
+
+std::uint64_t RecordSize(const ReadyBody& body) noexcept {
+  return std::uint64_t{kHeadBytes} + body.head_size + body.bytes.size();
+}
+
+// Puts what leads the bytes of a value in the record of a data unit; the bytes put.
+std::size_t PutHead(unsigned char* record, const ReadyBody& body) noexcept {
+  struct Head {
+    std::uint32_t length;
+    std::uint16_t kind;
+    SHORT type;
+    SHORT id;
+  };
+  static_assert(offsetof(Head, id) + sizeof(SHORT) == kHeadBytes);
+  const Head head{static_cast<std::uint32_t>(RecordSize(body) - kLengthBytes), kDataUnit, body.type, body.id};
+  std::memcpy(record, &head, kHeadBytes);
+  std::memcpy(record + kHeadBytes, body.head.data(), body.head_size);
+  return kHeadBytes + body.head_size;
+}
+
+// Puts the whole record, which has room for it.
+void PutReady(unsigned char* record, const ReadyBody& body) noexcept {
+  std::memcpy(record + PutHead(record, body), body.bytes.data(), body.bytes.size());
+}
+
+// Whether the record is written from where the value lies: small ones through the work
+// buffer, large ones only where the system takes both parts in one write.
+bool IsWorthwhile(const ReadyBody& body) noexcept {
+  const std::uint64_t size = RecordSize(body);
+  return size <= kWorkBufferSize || (GathersWrites() && size <= std::numeric_limits<std::uint32_t>::max());
+}
+
 }  // namespace
 
 OrmFile::OrmFile()
     : session_(ActivateAs<IOrmSession>(kOrmSessionClass)),
-      unit_(ActivateAs<IUnit>(kUnitClass)),
-      buffer_(std::make_unique<unsigned char[]>(kWorkBufferSize)) {}
+      buffer_(std::make_unique<unsigned char[]>(kWorkBufferSize)) {
+  SetUnit(ActivateAs<IUnit>(kUnitClass));
+}
 
 HRESULT OrmFile::OpenForRead(BSTR sFileName, VARIANT_BOOL bCreateNewSession, VARIANT_BOOL* pbResult) {
   return Call("OpenForRead", [&]() -> HRESULT {
@@ -101,8 +136,12 @@ HRESULT OrmFile::WriteData(IValueBase* pData, VARIANT_BOOL* pbResult) {
   return Call("WriteData", [&]() -> HRESULT {
     Out(pbResult) = VARIANT_FALSE;
     const Ptr<IUnit> unit = Require(unit_, "the file has no current unit");
-    Check(unit->put_Value(pData), unit);
-    return WriteUnit(unit.get(), pbResult);
+    if (own_unit_ == nullptr || !own_unit_->HoldsValue(pData)) Check(unit->put_Value(pData), unit);
+    ReadyBody body;
+    if (own_unit_ == nullptr || !own_unit_->FindReadyBody(body) || !IsWorthwhile(body))
+      return WriteUnit(unit.get(), pbResult);
+    *pbResult = ToResult(WriteReady(body));
+    return S_OK;
   });
 }
 
@@ -118,8 +157,7 @@ HRESULT OrmFile::WriteInfo(IValueDefBase* pData, VARIANT_BOOL* pbResult) {
 HRESULT OrmFile::WriteUnit(IUnit* pData, VARIANT_BOOL* pbResult) {
   return Call("WriteUnit", [&] {
     Out(pbResult) = VARIANT_FALSE;
-    Ptr<IUnit> unit = QueryFor<IUnit>(pData);
-    unit_ = std::move(unit);
+    SetUnit(QueryFor<IUnit>(pData));
     *pbResult = ToResult(WriteRecord());
   });
 }
@@ -127,9 +165,15 @@ HRESULT OrmFile::WriteUnit(IUnit* pData, VARIANT_BOOL* pbResult) {
 HRESULT OrmFile::ReadUnit(IUnit** ppData) {
   return Call("ReadUnit", [&] {
     Out(ppData) = nullptr;
-    unit_.Reset();
-    unit_ = ActivateAs<IUnit>(kUnitClass);
-    if (ReadRecord()) *ppData = Ptr(unit_).Detach();
+    if (own_unit_ == nullptr || !own_unit_->Renew()) {
+      SetUnit(nullptr);
+      SetUnit(ActivateAs<IUnit>(kUnitClass));
+    }
+    if (ReadRecord()) {
+      *ppData = Ptr(unit_).Detach();
+    } else if (own_unit_ != nullptr) {
+      own_unit_->DropSpare();
+    }
   });
 }
 
@@ -181,6 +225,12 @@ void OrmFile::TakeHandle(FileHandle handle) {
   channel_.Take(handle);
 }
 
+void OrmFile::SetUnit(Ptr<IUnit> unit) {
+  own_unit_ = nullptr;  // first, because the end of the earlier unit may come back here
+  unit_ = std::move(unit);
+  own_unit_ = Unit::Behind(unit_.get());
+}
+
 bool OrmFile::ReadHeader() {
   char signature[sizeof kSignature] = {};
   float version = 0.0f;
@@ -198,18 +248,41 @@ bool OrmFile::WriteHeader() {
 bool OrmFile::ReadRecord() {
   const Ptr<IUnit> unit = Require(unit_, "the file has no current unit");
   const Ptr<IOrmSession> session = session_;
-  Check(unit->put_Session(session.get()), unit);
+  if (own_unit_ == nullptr || !own_unit_->HasSession(session.get()))
+    Check(unit->put_Session(session.get()), unit);
   std::uint32_t length = 0;
   std::uint32_t count = 0;
   if (!channel_.Read(&length, kLengthBytes, &count) || count != kLengthBytes) return false;
   RecordBuffer record(buffer_.get());
   unsigned char* body = record.ReadBody(channel_, length);
   if (body == nullptr) return false;
+  // The record may be longer than what the unit uses: the next one follows its length.
+  if (Unit* own = own_unit_) {
+    ReadCursor cursor(body, length);
+    cursor.Offer(&record.own());
+    return own->DecodeRecord(cursor);
+  }
   ULONG used = 0;
   VARIANT_BOOL done = VARIANT_FALSE;
-  // The record may be longer than what the unit uses: the next one follows its length.
   Check(unit->ReadFromBuffer(body, length, &used, &done), unit);
   return done != VARIANT_FALSE;
+}
+
+bool OrmFile::WriteReady(const ReadyBody& body) {
+  const auto total = static_cast<std::uint32_t>(RecordSize(body));
+  if (total > kWorkBufferSize) {
+    unsigned char head[kHeadBytes + sizeof body.head];
+    return channel_.WriteInOne({head, PutHead(head, body)}, body.bytes);
+  }
+  if (unsigned char* room = channel_.RoomToWait(total)) {
+    PutReady(room, body);
+    channel_.AddToWaiting(total);
+    return true;
+  }
+  RecordBuffer record(buffer_.get());
+  unsigned char* bytes = record.Reserve(total);
+  PutReady(bytes, body);
+  return channel_.Write(bytes, total);
 }
 
 bool OrmFile::WriteRecord() {

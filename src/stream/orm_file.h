@@ -12,6 +12,7 @@
 #include "halyard/values/value_base.h"
 #include "object/object.h"
 #include "stream/file_channel.h"
+#include "stream/unit.h"
 
 namespace halyard {
 
@@ -59,8 +60,15 @@ class OrmFile : public Object<OrmFile, IOrmFile, IOrmFileBuffering> {
   // Writes the current unit as one record.
   [[nodiscard]] bool WriteRecord();
 
+  // Writes a data unit whose value lies ready as one record.
+  [[nodiscard]] bool WriteReady(const ReadyBody& body);
+
+  // Makes this the current unit.
+  void SetUnit(Ptr<IUnit> unit);
+
   Ptr<IOrmSession> session_;
   Ptr<IUnit> unit_;
+  Unit* own_unit_ = nullptr;                 // the current unit, if it is one of this library
   std::unique_ptr<unsigned char[]> buffer_;  // kWorkBufferSize bytes, for all but large records
   FileChannel channel_;                      // last, so that it ends before what clients may see end
 };

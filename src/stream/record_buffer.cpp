@@ -5,11 +5,22 @@
 #include <limits>
 #include <new>
 
+#include "types/elementary.h"
+
 namespace halyard {
 namespace {
 
 // The first step when the end of a stream is unknown; each further step doubles.
 constexpr std::uint32_t kFirstStep = 1u << 20;
+
+// Unused bytes in front of a record: with the heads of the unit and of an array they make
+// 16, so that the elements of an array begin aligned.
+constexpr std::size_t kLead = 6;
+
+std::size_t SizeToKeep(std::uint64_t size) {
+  if (size > std::numeric_limits<std::size_t>::max() / 2) throw std::bad_alloc();
+  return kLead + static_cast<std::size_t>(size) + kWidestElementary;
+}
 
 bool ReadWhole(FileChannel& file, unsigned char* bytes, std::uint32_t size) noexcept {
   std::uint32_t count = 0;
@@ -21,7 +32,7 @@ bool ReadWhole(FileChannel& file, unsigned char* bytes, std::uint32_t size) noex
 unsigned char* RecordBuffer::Reserve(std::uint64_t size) {
   if (size <= kWorkBufferSize) return work_;
   if (size > std::numeric_limits<std::size_t>::max()) throw std::bad_alloc();
-  own_ = std::make_unique_for_overwrite<unsigned char[]>(static_cast<std::size_t>(size));
+  own_ = NewRawMemory(static_cast<std::size_t>(size));
   return own_.get();
 }
 
@@ -35,8 +46,9 @@ unsigned char* RecordBuffer::ReadBody(FileChannel& file, std::uint32_t size) {
       return nullptr;
     }
   }
-  unsigned char* bytes = Reserve(size);
-  return ReadWhole(file, bytes, size) ? bytes : nullptr;
+  if (size <= kWorkBufferSize) return ReadWhole(file, work_, size) ? work_ : nullptr;
+  own_ = NewRawMemory(SizeToKeep(size));
+  return ReadWhole(file, own_.get() + kLead, size) ? Kept(size) : nullptr;
 }
 
 unsigned char* RecordBuffer::ReadInSteps(FileChannel& file, std::uint32_t size) {
@@ -44,14 +56,17 @@ unsigned char* RecordBuffer::ReadInSteps(FileChannel& file, std::uint32_t size) 
   std::uint64_t room = 0;
   while (done < size) {
     room = std::min<std::uint64_t>(size, std::max<std::uint64_t>(kFirstStep, room * 2));
-    auto larger = std::make_unique_for_overwrite<unsigned char[]>(static_cast<std::size_t>(room));
-    if (done != 0) std::memcpy(larger.get(), own_.get(), done);
-    own_ = std::move(larger);
+    ResizeRawMemory(own_, SizeToKeep(room));
     const auto step = static_cast<std::uint32_t>(room) - done;
-    if (!ReadWhole(file, own_.get() + done, step)) return nullptr;
+    if (!ReadWhole(file, own_.get() + kLead + done, step)) return nullptr;
     done += step;
   }
-  return own_.get();
+  return Kept(size);
+}
+
+unsigned char* RecordBuffer::Kept(std::uint32_t size) noexcept {
+  std::memset(own_.get() + kLead + size, 0, kWidestElementary);
+  return own_.get() + kLead;
 }
 
 }  // namespace halyard

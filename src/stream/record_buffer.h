@@ -3,8 +3,8 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 
+#include "object/raw_memory.h"
 #include "stream/file_channel.h"
 
 namespace halyard {
@@ -24,12 +24,20 @@ class RecordBuffer {
   // that many. Memory grows no further than the file has bytes, whatever `size` says.
   unsigned char* ReadBody(FileChannel& file, std::uint32_t size);
 
+  // The memory of its own that a larger record lies in; none otherwise. A reader may keep
+  // it: behind a record that was read lie spare bytes, as simple arrays need them, and the
+  // elements of an array that is the whole record are aligned.
+  [[nodiscard]] RawMemory& own() noexcept { return own_; }
+
  private:
   // As ReadBody, for a handle that does not know how much is left.
   unsigned char* ReadInSteps(FileChannel& file, std::uint32_t size);
 
+  // The record of so many bytes that was read, ready to be kept.
+  unsigned char* Kept(std::uint32_t size) noexcept;
+
   unsigned char* work_;
-  std::unique_ptr<unsigned char[]> own_;
+  RawMemory own_;
 };
 
 }  // namespace halyard

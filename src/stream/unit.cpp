@@ -1,11 +1,12 @@
 #include "stream/unit.h"
 
+#include <utility>
+
 #include "types/type_names.h"
 
 namespace halyard {
 namespace {
 
-constexpr ULONG kDataHeaderBytes = 6;  // kind, type code, id
 constexpr ULONG kInfoHeaderBytes = 4;  // kind, type code
 constexpr char kNoValue[] = "the data unit has no value";
 constexpr char kNoInfo[] = "the info unit has no definition";
@@ -31,7 +32,7 @@ HRESULT Unit::get_TypeString(BSTR* psType) {
 HRESULT Unit::get_Value(IValueBase** ppValue) {
   return Call("Value", [&] {
     Out(ppValue) = nullptr;
-    if (kind_ == kDataUnit) *ppValue = QueryFor<IValueBase>(Ptr(value_).get()).Detach();
+    if (kind_ == kDataUnit) *ppValue = ValueForClient().Detach();
   });
 }
 
@@ -39,8 +40,8 @@ HRESULT Unit::put_Value(IValueBase* pValue) {
   return Call("Value", [&] {
     kind_ = kDataUnit;
     // Emptied first: the slot stays empty when the query fails.
-    value_.Reset();
-    value_ = QueryFor<IValueBase>(pValue);
+    value_ = HeldValue();
+    value_ = HeldValue(QueryFor<IValueBase>(pValue));
   });
 }
 
@@ -64,7 +65,7 @@ HRESULT Unit::get_PacketSize(ULONG* pdwSize) {
     ULONG& result = Out(pdwSize);
     ULONG size = 0;
     if (kind_ == kDataUnit) {
-      const Ptr<IValueBase> value = Require(value_, kNoValue);
+      const Ptr<IValueBase> value = Require(value_.object, kNoValue);
       Check(value->get_PacketSize(&size), value);
       result = size + kDataHeaderBytes;
     } else {
@@ -86,10 +87,40 @@ HRESULT Unit::put_Session(IOrmSession* pSession) {
   });
 }
 
+Unit* Unit::Behind(IUnit* unit) noexcept {
+  IInsideUnit* inside = nullptr;
+  if (unit == nullptr) return nullptr;
+  if (FAILED(unit->QueryInterface(IidOf<IInsideUnit>, reinterpret_cast<void**>(&inside)))) return nullptr;
+  inside->Release();
+  Unit* self = inside->Self();
+  return static_cast<IUnit*>(self) == unit ? self : nullptr;
+}
+
+bool Unit::HoldsValue(const IValueBase* value) noexcept {
+  if (value_.inside == nullptr || value_.object.get() != value) return false;
+  kind_ = kDataUnit;
+  return true;
+}
+
+bool Unit::Renew() {
+  if (!HeldOnce()) return false;
+  ResetFrame();
+  info_.Reset();
+  spare_ = std::exchange(value_, HeldValue());
+  if (spare_.inside == nullptr) spare_ = HeldValue();
+  kind_ = kDataUnit;
+  return true;
+}
+
+Ptr<IValueBase> Unit::ValueForClient() const {
+  if (value_.inside != nullptr) return value_.object;
+  return QueryFor<IValueBase>(Ptr(value_.object).get());
+}
+
 SHORT Unit::BodyType() {
   SHORT type = kInvalid;
   if (kind_ == kDataUnit) {
-    const Ptr<IValueBase> value = value_;
+    const Ptr<IValueBase> value = value_.object;
     if (value) Check(value->get_Type(&type), value);
   } else if (kind_ == kInfoUnit) {
     const Ptr<IValueDefBase> info = info_;

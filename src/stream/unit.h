@@ -9,12 +9,24 @@
 #include "halyard/values/value_base.h"
 #include "object/cursor.h"
 #include "object/object.h"
+#include "values/nested_value.h"
 
 namespace halyard {
 
-class Unit : public Object<Unit, IUnit> {
+class Unit;
+
+// Answered by the units of this library only, and only inside it.
+struct IInsideUnit : IUnknown {
+  using Base = IUnknown;
+  static constexpr IID kIid = {0x3C6D8A51, 0x2E0F, 0x4D93, {0xA4, 0x7B, 0x19, 0xC5, 0x6E, 0x80, 0xF2, 0x3D}};
+
+  virtual Unit* Self() noexcept = 0;
+};
+
+class Unit : public Object<Unit, IUnit, IInsideUnit> {
  public:
   static constexpr char kClassName[] = "Unit";
+  static constexpr ULONG kDataHeaderBytes = 6;  // kind, type code, id
 
   HRESULT STDMETHODCALLTYPE get_IsDataUnit(VARIANT_BOOL* pbResult) override;
   HRESULT STDMETHODCALLTYPE get_IsInfoUnit(VARIANT_BOOL* pbResult) override;
@@ -32,6 +44,34 @@ class Unit : public Object<Unit, IUnit> {
   HRESULT STDMETHODCALLTYPE WriteToBuffer(unsigned char* pBuffer, ULONG dwBufferSize, ULONG* pdwBytesWritten,
                                           VARIANT_BOOL* pbResult) override;
 
+  Unit* Self() noexcept override { return this; }
+
+  // The unit behind an interface; null where it is not one of this library.
+  static Unit* Behind(IUnit* unit) noexcept;
+
+  // Whether the unit holds this value, and the value is one of this library. It is a data
+  // unit then, as after a put of the value.
+  bool HoldsValue(const IValueBase* value) noexcept;
+
+  // Whether the bytes of the value that the unit holds lie ready.
+  [[nodiscard]] bool FindReadyBody(ReadyBody& body) {
+    return kind_ == kDataUnit && value_.inside != nullptr && value_.inside->FindReadyBody(body);
+  }
+
+  // Becomes a new unit again, with the session that it had, where nobody but the caller
+  // holds it; false otherwise. A value that it held may serve a second time.
+  bool Renew();
+
+  // Lets go of the value of an earlier life.
+  void DropSpare() noexcept { spare_ = HeldValue(); }
+
+  // As ReadFromBuffer for a record of a file, whose memory the cursor may offer.
+  [[nodiscard]] bool DecodeRecord(ReadCursor& cursor);
+
+  [[nodiscard]] bool HasSession(const IOrmSession* session) const noexcept {
+    return session_.get() == session;
+  }
+
  private:
   // How the reading of a unit ended.
   enum class Reading {
@@ -39,6 +79,9 @@ class Unit : public Object<Unit, IUnit> {
     kNoBody,    // the words are there, but no body was read
     kDone,
   };
+
+  // The value as a client gets it; raises what a value of a client's answers to the query.
+  Ptr<IValueBase> ValueForClient() const;
 
   // The type code of the body that the kind selects; 0 without one.
   SHORT BodyType();
@@ -51,12 +94,16 @@ class Unit : public Object<Unit, IUnit> {
   Reading DecodeData(ReadCursor& cursor, std::uint16_t type);
   Reading DecodeInfo(ReadCursor& cursor, std::uint16_t type);
 
+  // Makes a value for a data unit of that definition, or renews the spare one.
+  HeldValue NewValue(const Ptr<IValueDefBase>& definition);
+
   // Puts a fresh value for a data unit into the slot. False when the session does not
   // know the definition, or the type has no reader.
   bool PrepareValue(std::uint16_t type, SHORT id);
   Ptr<IValueDefBase> FindDefinition(std::uint16_t type, SHORT id);
 
-  Ptr<IValueBase> value_;
+  HeldValue value_;
+  HeldValue spare_;  // of an earlier life, for the value that is read next
   Ptr<IValueDefBase> info_;
   std::uint16_t kind_ = kDataUnit;
   Ptr<IOrmSession> session_;

@@ -29,9 +29,20 @@ HRESULT Unit::ReadFromBuffer(unsigned char* pBuffer, ULONG dwBufferSize, ULONG* 
     result = VARIANT_TRUE;
     ReadCursor cursor(pBuffer, dwBufferSize);
     const Reading reading = Decode(cursor);
+    DropSpare();
     if (reading == Reading::kCutShort) result = VARIANT_FALSE;
     if (reading == Reading::kDone) count = cursor.position();
   });
+}
+
+bool Unit::DecodeRecord(ReadCursor& cursor) {
+  try {
+    const Reading reading = Decode(cursor);
+    DropSpare();
+    return reading != Reading::kCutShort;
+  } catch (...) {
+    ReraiseAsOf(kClassName, "ReadFromBuffer");
+  }
 }
 
 bool Unit::Encode(WriteCursor& cursor) {
@@ -47,13 +58,13 @@ bool Unit::Encode(WriteCursor& cursor) {
 }
 
 bool Unit::EncodeData(WriteCursor& cursor) {
-  const Ptr<IValueBase> value = value_;
-  if (!value) return false;
+  const HeldValue value = value_;
+  if (!value.object) return false;
   SHORT type = kInvalid;
   SHORT id = 0;
-  Check(value->get_Type(&type), value);
-  Check(value->get_Id(&id), value);
-  return cursor.Put(type) && cursor.Put(id) && EncodeValue(*value, cursor);
+  Check(value.object->get_Type(&type), value.object);
+  Check(value.object->get_Id(&id), value.object);
+  return cursor.Put(type) && cursor.Put(id) && EncodeValue(value, cursor);
 }
 
 bool Unit::EncodeInfo(WriteCursor& cursor) {
@@ -81,8 +92,9 @@ Unit::Reading Unit::DecodeData(ReadCursor& cursor, std::uint16_t type) {
   SHORT id = 0;
   if (!cursor.Take(id)) return Reading::kCutShort;
   if (!PrepareValue(type, id)) return Reading::kNoBody;
-  const Ptr<IValueBase> value = Require(value_, "the value of the data unit could not be made");
-  return DecodeValue(*value, cursor) ? Reading::kDone : Reading::kNoBody;
+  const HeldValue value = value_;
+  Require(value.object, "the value of the data unit could not be made");
+  return DecodeValue(value, cursor) ? Reading::kDone : Reading::kNoBody;
 }
 
 bool Unit::PrepareValue(std::uint16_t type, SHORT id) {
@@ -92,24 +104,34 @@ bool Unit::PrepareValue(std::uint16_t type, SHORT id) {
     case kEnumeration: {
       const Ptr<IValueDefBase> definition = FindDefinition(type, id);
       if (!definition) return false;
-      Ptr<IValueBase> value;
-      Check(definition->CreateDataObject(value.Out()), definition);
-      value_ = std::move(value);
+      value_ = NewValue(definition);
       return true;
     }
     case kCollection:
-      value_.Reset();
-      value_ = ActivateAs<IValueBase>(kCollectionClass);
+      value_ = HeldValue();
+      value_ = HeldValue(ActivateAs<IValueBase>(kCollectionClass));
       return true;
     default:
       return false;
   }
 }
 
+HeldValue Unit::NewValue(const Ptr<IValueDefBase>& definition) {
+  HeldValue spare = std::exchange(spare_, HeldValue());
+  if (spare.inside != nullptr && spare.inside->Renew(definition.get())) return spare;
+  spare = HeldValue();
+  Ptr<IValueBase> value;
+  Check(definition->CreateDataObject(value.Out()), definition);
+  return HeldValue(std::move(value));
+}
+
 Ptr<IValueDefBase> Unit::FindDefinition(std::uint16_t type, SHORT id) {
   const Ptr<IOrmSession> session = Require(session_, "the unit has no session to find the definition in");
   Ptr<IValueDefBase> definition;
-  Check(session->GetTypeFromId(Variant(LONG{type}).get(), id, definition.Out()), session);
+  VARIANT code{};
+  code.vt = VT_I4;
+  code.lVal = type;
+  Check(session->GetTypeFromId(code, id, definition.Out()), session);
   return definition;
 }
 

@@ -4,11 +4,10 @@
 // left to that one.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <cstring>
 
-#include "halyard/platform/automation.h"
+#include "halyard/object/number_variant.h"
 #include "halyard/types/type_codes.h"
 
 namespace halyard {
@@ -28,16 +27,6 @@ bool StoreField(unsigned char* bytes, N value) noexcept {
   return true;
 }
 
-// Tag and content of a number as two stores of 8 bytes: processors hand such stores on
-// to whoever reads the variant next, which they do not for smaller ones.
-inline bool Fill(VARIANT& fresh, VARTYPE type, std::uint64_t content) noexcept {
-  const std::uint64_t tag = type;
-  static_assert(offsetof(VARIANT, llVal) == sizeof tag);
-  std::memcpy(static_cast<void*>(&fresh), &tag, sizeof tag);
-  std::memcpy(&fresh.llVal, &content, sizeof content);
-  return true;
-}
-
 }  // namespace detail
 
 // Makes `fresh`, which is empty and new, hold the number of a field as a new variant
@@ -46,18 +35,23 @@ inline bool LoadNumber(const unsigned char* field, SHORT type, VARIANT& fresh) n
   switch (type) {
     case kChar:
     case kByte:
-      return detail::Fill(fresh, VT_UI1, *field);
+      fresh = ScalarVariant(VT_UI1, *field);
+      return true;
     case kShort:
     case kWord:
-      return detail::Fill(fresh, VT_I2, detail::LoadField<std::uint16_t>(field));
+      fresh = ScalarVariant(VT_I2, detail::LoadField<std::uint16_t>(field));
+      return true;
     case kLong:
     case kDWord:
     case kInt64:
-      return detail::Fill(fresh, VT_I4, detail::LoadField<std::uint32_t>(field));
+      fresh = ScalarVariant(VT_I4, detail::LoadField<std::uint32_t>(field));
+      return true;
     case kShortReal:
-      return detail::Fill(fresh, VT_R4, detail::LoadField<std::uint32_t>(field));
+      fresh = ScalarVariant(VT_R4, detail::LoadField<std::uint32_t>(field));
+      return true;
     case kReal:
-      return detail::Fill(fresh, VT_R8, detail::LoadField<std::uint64_t>(field));
+      fresh = ScalarVariant(VT_R8, detail::LoadField<std::uint64_t>(field));
+      return true;
     default:
       return false;
   }
@@ -66,9 +60,8 @@ inline bool LoadNumber(const unsigned char* field, SHORT type, VARIANT& fresh) n
 // Stores a number of another type, where the field's type holds that very number.
 bool StoreOtherNumber(const VARIANT& value, SHORT type, unsigned char* field) noexcept;
 
-// Stores a number in a field; false, and nothing stored, where the type is no number
-// type or the value is no number of it.
-inline bool StoreNumber(const VARIANT& value, SHORT type, unsigned char* field) noexcept {
+// Stores a number that has the variant type of the field's type.
+inline bool StoreOwnNumber(const VARIANT& value, SHORT type, unsigned char* field) noexcept {
   switch (type) {
     case kChar:
     case kByte:
@@ -92,9 +85,15 @@ inline bool StoreNumber(const VARIANT& value, SHORT type, unsigned char* field) 
       if (value.vt == VT_R8) return detail::StoreField(field, value.dblVal);
       break;
     default:
-      return false;
+      break;
   }
-  return StoreOtherNumber(value, type, field);
+  return false;
+}
+
+// Stores a number in a field; false, and nothing stored, where the type is no number
+// type or the value is no number of it.
+inline bool StoreNumber(const VARIANT& value, SHORT type, unsigned char* field) noexcept {
+  return StoreOwnNumber(value, type, field) || StoreOtherNumber(value, type, field);
 }
 
 }  // namespace halyard

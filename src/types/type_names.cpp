@@ -69,6 +69,7 @@ Bstr TypeCodeNameText(SHORT code) { return Bstr(Widen(TypeCodeName(code))); }
 SHORT TypeCodeFromVariant(const VARIANT& type) {
   if (type.vt == VT_BSTR) return TypeCodeFromName(NarrowToZero(ViewOf(type.bstrVal)));
   if (type.vt == VT_I2) return type.iVal;
+  if (type.vt == VT_I4 && type.lVal == static_cast<SHORT>(type.lVal)) return static_cast<SHORT>(type.lVal);
   return Variant::Converted(type, VT_I2)->iVal;
 }
 

@@ -39,8 +39,7 @@ BufferOutcome Write(IValueBase& value, unsigned char* bytes, ULONG size) {
 
 }  // namespace
 
-bool DecodeValue(IValueBase& value, ReadCursor& cursor) {
-  const WalkingLevel level;
+bool DecodeThroughCall(IValueBase& value, ReadCursor& cursor) {
   const std::uint32_t room = cursor.room();
   const ULONG needed = UncheckedSize(value);
   if (needed > room) return false;
@@ -55,8 +54,7 @@ bool DecodeValue(IValueBase& value, ReadCursor& cursor) {
   return outcome.Accepted(room) && cursor.Skip(outcome.count);
 }
 
-bool EncodeValue(IValueBase& value, WriteCursor& cursor) {
-  const WalkingLevel level;
+bool EncodeThroughCall(IValueBase& value, WriteCursor& cursor) {
   const std::uint32_t room = cursor.room();
   const ULONG needed = UncheckedSize(value);
   if (needed > room) return false;
@@ -70,6 +68,29 @@ bool EncodeValue(IValueBase& value, WriteCursor& cursor) {
     outcome = Write(value, cursor.rest().data(), room);
   }
   return outcome.Accepted(room) && cursor.Skip(outcome.count);
+}
+
+bool DecodeValue(IValueBase& value, ReadCursor& cursor) {
+  const WalkingLevel level;
+  return DecodeThroughCall(value, cursor);
+}
+
+bool DecodeValue(const HeldValue& value, ReadCursor& cursor) {
+  const WalkingLevel level;
+  return value.inside != nullptr ? value.inside->DecodeInside(cursor)
+                                 : DecodeThroughCall(*value.object, cursor);
+}
+
+bool EncodeValue(IValueBase& value, WriteCursor& cursor) {
+  const WalkingLevel level;
+  return EncodeThroughCall(value, cursor);
+}
+
+bool EncodeValue(const HeldValue& value, WriteCursor& cursor) {
+  const WalkingLevel level;
+  // In less room than the widest field a call that fails leaves the buffer as it was.
+  const bool directly = value.inside != nullptr && cursor.room() >= kWidestElementary;
+  return directly ? value.inside->EncodeInside(cursor) : EncodeThroughCall(*value.object, cursor);
 }
 
 }  // namespace halyard

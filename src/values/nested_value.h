@@ -6,16 +6,46 @@
 // it works on a copy.
 #pragma once
 
+#include <utility>
+
+#include "halyard/object/ptr.h"
 #include "halyard/values/value_base.h"
 #include "object/cursor.h"
+#include "values/inside_value.h"
 
 namespace halyard {
+
+// A value that another one holds, with its inner side where it has one.
+struct HeldValue {
+  HeldValue() noexcept = default;
+  explicit HeldValue(Ptr<IValueBase> value) noexcept
+      : object(std::move(value)), inside(InsideOf(object.get())) {}
+
+  HeldValue(const HeldValue&) = default;
+  HeldValue(HeldValue&&) = default;
+
+  // What was held ends when both sides are replaced: its end may run a client's code.
+  HeldValue& operator=(HeldValue other) noexcept {
+    std::swap(object, other.object);
+    std::swap(inside, other.inside);
+    return *this;
+  }
+
+  Ptr<IValueBase> object;
+  IInsideValue* inside = nullptr;
+};
 
 // Lets the value read itself from the rest of the buffer. False when that is too short;
 // failures, and a count beyond the buffer, are raised.
 [[nodiscard]] bool DecodeValue(IValueBase& value, ReadCursor& cursor);
+[[nodiscard]] bool DecodeValue(const HeldValue& value, ReadCursor& cursor);
 
 // Lets the value write itself into the rest of the buffer, likewise.
 [[nodiscard]] bool EncodeValue(IValueBase& value, WriteCursor& cursor);
+[[nodiscard]] bool EncodeValue(const HeldValue& value, WriteCursor& cursor);
+
+// The same through the public calls and without counting a level of nesting.
+[[nodiscard]] bool DecodeThroughCall(IValueBase& value, ReadCursor& cursor);
+[[nodiscard]] bool EncodeThroughCall(IValueBase& value, WriteCursor& cursor);
 
 }  // namespace halyard

@@ -1,17 +1,27 @@
 #include "values/simple_fixed_structure.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace halyard {
 
-HRESULT SimpleFixedStructure::get_Item(VARIANT vIndex, VARIANT* pvValue) {
+Ptr<IValueBase> SimpleFixedStructure::NewOver(IValueDefBase* definition,
+                                              std::span<const unsigned char> block) {
+  const Ptr<SimpleFixedStructure> structure = NewObject<SimpleFixedStructure>();
+  structure->type_.Take(definition);
+  structure->block_.Resize(static_cast<std::uint16_t>(block.size()));
+  std::memcpy(structure->block_.bytes().data(), block.data(), block.size());
+  return structure;
+}
+
+HRESULT SimpleFixedStructure::GetItem(const VARIANT& index, VARIANT* item) noexcept {
   return Call("Item", [&] {
-    Out(pvValue) = VARIANT{};
-    const MemberLayout* member = type_.Find(vIndex);
+    Out(item) = VARIANT{};
+    const MemberLayout* member = type_.Find(index);
     if (member != nullptr && block_.Holds(*member)) {
-      block_.Read(*member, *pvValue);
+      block_.Read(*member, *item);
     } else {
-      *pvValue = ItemWithoutField(member);
+      *item = ItemWithoutField(member);
     }
   });
 }
@@ -20,10 +30,10 @@ VARIANT SimpleFixedStructure::ItemWithoutField(const MemberLayout* member) {
   return member != nullptr && member->size == 0 ? Variant(WideView()).Detach() : Variant::Null().Detach();
 }
 
-HRESULT SimpleFixedStructure::put_Item(VARIANT vIndex, VARIANT vValue) {
+HRESULT SimpleFixedStructure::PutItem(const VARIANT& index, const VARIANT& value) noexcept {
   return Call("Item", [&] {
-    const MemberLayout* member = type_.Find(vIndex);
-    if (member != nullptr && block_.Holds(*member)) block_.Write(*member, vValue);
+    const MemberLayout* member = type_.Find(index);
+    if (member != nullptr && block_.Holds(*member)) block_.Write(*member, value);
   });
 }
 
@@ -55,6 +65,20 @@ void SimpleFixedStructure::Build() {
   } else {
     block_.Resize(size);
   }
+}
+
+bool SimpleFixedStructure::FindReadyBody(ReadyBody& body) {
+  if (!type_ || !BlockIsWhole() || !block_.IsMade() || !type_.FindId(body.id)) return false;
+  body.type = kTypeCode;
+  body.bytes = block_.bytes();
+  return true;
+}
+
+bool SimpleFixedStructure::Renew(IValueDefBase* definition) {
+  if (!HeldOnce() || !type_.Is(definition) || !type_.layout().fixed || !BlockIsWhole()) return false;
+  ResetFrame();
+  block_.Resize(block_.size());
+  return true;
 }
 
 bool SimpleFixedStructure::Decode(ReadCursor& cursor) {

@@ -2,6 +2,8 @@
 // of the definition's data size, and its encoding is that block.
 #pragma once
 
+#include <span>
+
 #include "halyard/values/structure.h"
 #include "values/structure_object.h"
 
@@ -11,11 +13,18 @@ class SimpleFixedStructure : public StructureObject<SimpleFixedStructure, ISimpl
  public:
   static constexpr char kClassName[] = "SimpleFixedStructure";
 
-  HRESULT STDMETHODCALLTYPE get_Item(VARIANT vIndex, VARIANT* pvValue) override;
-  HRESULT STDMETHODCALLTYPE put_Item(VARIANT vIndex, VARIANT vValue) override;
+  // A structure of that definition, one of this library, with a copy of these bytes as its
+  // block. The definition need not describe them any more.
+  static Ptr<IValueBase> NewOver(IValueDefBase* definition, std::span<const unsigned char> block);
+
+  HRESULT GetItem(const VARIANT& index, VARIANT* item) noexcept;
+  HRESULT PutItem(const VARIANT& index, const VARIANT& value) noexcept;
   HRESULT STDMETHODCALLTYPE get_At(VARIANT vIndex, IValueBase** ppValue) override;
   HRESULT STDMETHODCALLTYPE Copy(IValueBase** ppCopy) override;
   HRESULT STDMETHODCALLTYPE get_PacketSize(ULONG* pdwSize) override;
+
+  bool FindReadyBody(ReadyBody& body) override;
+  bool Renew(IValueDefBase* definition) override;
 
   // Makes the block of the definition just taken; a definition without size is dropped.
   void Build();

@@ -7,6 +7,7 @@
 #include "halyard/definitions/value_def_base.h"
 #include "platform/text.h"
 #include "types/elementary.h"
+#include "values/nested_value.h"
 
 namespace halyard {
 namespace {
@@ -127,6 +128,14 @@ HRESULT SimpleValue::WriteToBuffer(unsigned char* pBuffer, ULONG dwBufferSize, U
     count = ElementaryByteCount(type_, data_size_);
     *pbResult = VARIANT_TRUE;
   });
+}
+
+bool SimpleValue::DecodeInside(ReadCursor& cursor) {
+  return type_ == kString ? ValueObject::DecodeInside(cursor) : DecodeThroughCall(*Outside(), cursor);
+}
+
+bool SimpleValue::EncodeInside(WriteCursor& cursor) {
+  return type_ == kString ? ValueObject::EncodeInside(cursor) : EncodeThroughCall(*Outside(), cursor);
 }
 
 bool SimpleValue::Decode(ReadCursor& cursor) {

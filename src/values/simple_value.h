@@ -31,6 +31,10 @@ class SimpleValue : public ValueObject<SimpleValue, IValueBase, ISimpleValue> {
   HRESULT STDMETHODCALLTYPE WriteToBuffer(unsigned char* pBuffer, ULONG dwBufferSize, ULONG* pdwBytesWritten,
                                           VARIANT_BOOL* pbResult) override;
 
+  // Of a value inside another one the buffer is known to its end.
+  bool DecodeInside(ReadCursor& cursor) override;
+  bool EncodeInside(WriteCursor& cursor) override;
+
   SHORT TypeCode() const noexcept { return type_; }
   HRESULT DefaultValue(VARIANT* result) noexcept { return get_Value(result); }
 

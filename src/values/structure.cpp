@@ -20,26 +20,26 @@ Ptr<IValueBase> NewMember(const MemberLayout& member) {
 
 }  // namespace
 
-HRESULT Structure::get_Item(VARIANT vIndex, VARIANT* pvValue) {
+HRESULT Structure::GetItem(const VARIANT& index, VARIANT* item) noexcept {
   return Call("Item", [&] {
-    Out(pvValue) = VARIANT{};
-    const MemberLayout* member = type_.Find(vIndex);
+    Out(item) = VARIANT{};
+    const MemberLayout* member = type_.Find(index);
     if (member != nullptr && block_.Holds(*member)) {
-      block_.Read(*member, *pvValue);
+      block_.Read(*member, *item);
     } else {
-      *pvValue = ItemOfObject(member).Detach();
+      *item = ItemOfObject(member).Detach();
     }
   });
 }
 
-HRESULT Structure::put_Item(VARIANT vIndex, VARIANT vValue) {
+HRESULT Structure::PutItem(const VARIANT& index, const VARIANT& value) noexcept {
   return Call("Item", [&] {
-    const MemberLayout* member = type_.Find(vIndex);
+    const MemberLayout* member = type_.Find(index);
     if (member == nullptr) return;
     if (member->size == 0) {
-      PutObjectMember(*member, vValue);
+      PutObjectMember(*member, value);
     } else if (block_.Holds(*member)) {
-      block_.Write(*member, vValue);
+      block_.Write(*member, value);
     }
   });
 }
@@ -48,7 +48,7 @@ HRESULT Structure::get_At(VARIANT vIndex, IValueBase** ppValue) {
   return Call("At", [&] {
     Out(ppValue) = nullptr;
     const MemberLayout* member = type_.Find(vIndex);
-    if (member != nullptr && member->size == 0) *ppValue = ObjectOf(*member).Detach();
+    if (member != nullptr && member->size == 0) *ppValue = HeldBy(*member).object.Detach();
   });
 }
 
@@ -61,10 +61,11 @@ HRESULT Structure::Copy(IValueBase** ppCopy) {
     copy->block_ = block_;
     // By position: a member object of the client's may change this one while it copies.
     for (std::size_t i = 0; i < members_.size(); ++i) {
-      const Ptr<IValueBase> object = Require(members_[i], "a structure with null members cannot be copied");
+      const Ptr<IValueBase> object =
+          Require(members_[i].object, "a structure with null members cannot be copied");
       Ptr<IValueBase> member;
       Check(object->Copy(member.Out()), object);
-      copy->members_.push_back(std::move(member));
+      copy->members_.emplace_back(std::move(member));
     }
     *ppCopy = Ptr<IValueBase>(copy).Detach();
   });
@@ -83,11 +84,11 @@ HRESULT Structure::get_PacketSize(ULONG* pdwSize) {
 
 void Structure::Build() {
   const StructureLayout& layout = type_.layout();
-  std::vector<Ptr<IValueBase>> members;
+  std::vector<HeldValue> members;
   std::uint16_t size = 0;
   for (std::size_t i = 0; i < layout.members.size(); ++i) {
     if (layout.members[i].size == 0) {
-      members.push_back(NewMember(layout.members[i]));
+      members.emplace_back(NewMember(layout.members[i]));
     } else {
       size = static_cast<std::uint16_t>(size + layout.members[i].size);
     }
@@ -96,30 +97,32 @@ void Structure::Build() {
   block_.Resize(size);
 }
 
-Ptr<IValueBase>* Structure::SlotOf(const MemberLayout& member) noexcept {
+HeldValue* Structure::SlotOf(const MemberLayout& member) noexcept {
   return member.offset < members_.size() ? &members_[member.offset] : nullptr;
 }
 
-Ptr<IValueBase> Structure::ObjectOf(const MemberLayout& member) noexcept {
-  const Ptr<IValueBase>* slot = SlotOf(member);
-  return slot != nullptr ? *slot : Ptr<IValueBase>();
+HeldValue Structure::HeldBy(const MemberLayout& member) noexcept {
+  const HeldValue* slot = SlotOf(member);
+  return slot != nullptr ? *slot : HeldValue();
 }
 
-Ptr<IValueBase> Structure::RequiredObjectOf(const MemberLayout& member) {
-  return Require(ObjectOf(member), "a member is null");
+HeldValue Structure::RequiredOf(const MemberLayout& member) {
+  HeldValue held = HeldBy(member);
+  Require(held.object, "a member is null");
+  return held;
 }
 
 void Structure::PutObjectMember(const MemberLayout& member, const VARIANT& value) {
-  Ptr<IValueBase>* slot = SlotOf(member);
+  HeldValue* slot = SlotOf(member);
   if (slot == nullptr) return;
   if (value.vt == VT_NULL) {
-    slot->Reset();
+    *slot = HeldValue();
   } else if (value.vt == VT_DISPATCH) {
     // An object that is no value leaves the member null, without a failure.
-    *slot = Ptr<IDispatch>(value.pdispVal).As<IValueBase>();
+    *slot = HeldValue(Ptr<IDispatch>(value.pdispVal).As<IValueBase>());
   } else {
-    if (!*slot) *slot = NewMember(member);
-    const Ptr<IValueBase> object = Require(*slot, "a member's definition made no value");
+    if (!slot->object) *slot = HeldValue(NewMember(member));
+    const Ptr<IValueBase> object = Require(slot->object, "a member's definition made no value");
     Check(object->put_Value(value), object);
   }
 }
@@ -127,7 +130,7 @@ void Structure::PutObjectMember(const MemberLayout& member, const VARIANT& value
 Variant Structure::ItemOfObject(const MemberLayout* member) {
   Variant value = Variant::Null();
   if (member == nullptr || member->size != 0) return value;
-  const Ptr<IValueBase> object = ObjectOf(*member);
+  const Ptr<IValueBase> object = HeldBy(*member).object;
   if (object) Check(object->get_Value(value.Out()), object);
   return value;
 }
@@ -135,8 +138,8 @@ Variant Structure::ItemOfObject(const MemberLayout* member) {
 ULONG Structure::MemberPacketSize(const MemberLayout& member) {
   if (member.size != 0) return member.size;
   const ULONG flag = member.can_be_null ? sizeof kNull : 0;
-  if (member.can_be_null && !ObjectOf(member)) return flag;
-  const Ptr<IValueBase> object = RequiredObjectOf(member);
+  if (member.can_be_null && !HeldBy(member).object) return flag;
+  const Ptr<IValueBase> object = RequiredOf(member).object;
   ULONG size = 0;
   Check(object->get_PacketSize(&size), object);
   return flag + size;
@@ -156,11 +159,11 @@ bool Structure::EncodeMember(WriteCursor& cursor, const MemberLayout& member) {
     return cursor.PutBytes(block_.Field(member).data(), member.size);
   }
   if (member.can_be_null) {
-    const bool is_null = !ObjectOf(member);
+    const bool is_null = !HeldBy(member).object;
     if (!cursor.Put(is_null ? kNull : kPresent)) return false;
     if (is_null) return true;
   }
-  return EncodeValue(*RequiredObjectOf(member), cursor);
+  return EncodeValue(RequiredOf(member), cursor);
 }
 
 bool Structure::Decode(ReadCursor& cursor) {
@@ -180,11 +183,11 @@ bool Structure::DecodeMember(ReadCursor& cursor, const MemberLayout& member) {
     std::uint8_t flag = kPresent;
     if (!cursor.Take(flag)) return false;
     if (flag != kPresent) {
-      if (Ptr<IValueBase>* slot = SlotOf(member)) slot->Reset();
+      if (HeldValue* slot = SlotOf(member)) *slot = HeldValue();
       return true;
     }
   }
-  return DecodeValue(*RequiredObjectOf(member), cursor);
+  return DecodeValue(RequiredOf(member), cursor);
 }
 
 }  // namespace halyard

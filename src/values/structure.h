@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "halyard/values/structure.h"
+#include "values/nested_value.h"
 #include "values/structure_object.h"
 
 namespace halyard {
@@ -13,8 +14,8 @@ class Structure : public StructureObject<Structure, IStructure> {
  public:
   static constexpr char kClassName[] = "Structure";
 
-  HRESULT STDMETHODCALLTYPE get_Item(VARIANT vIndex, VARIANT* pvValue) override;
-  HRESULT STDMETHODCALLTYPE put_Item(VARIANT vIndex, VARIANT vValue) override;
+  HRESULT GetItem(const VARIANT& index, VARIANT* item) noexcept;
+  HRESULT PutItem(const VARIANT& index, const VARIANT& value) noexcept;
   HRESULT STDMETHODCALLTYPE get_At(VARIANT vIndex, IValueBase** ppValue) override;
   HRESULT STDMETHODCALLTYPE Copy(IValueBase** ppCopy) override;
   HRESULT STDMETHODCALLTYPE get_PacketSize(ULONG* pdwSize) override;
@@ -28,13 +29,13 @@ class Structure : public StructureObject<Structure, IStructure> {
  private:
   // The slot of an object member; null where this value has none for it, because the
   // definition has changed since.
-  Ptr<IValueBase>* SlotOf(const MemberLayout& member) noexcept;
+  HeldValue* SlotOf(const MemberLayout& member) noexcept;
 
-  // The object in the slot, empty for a null member.
-  Ptr<IValueBase> ObjectOf(const MemberLayout& member) noexcept;
+  // What the slot holds, without an object for a null member.
+  HeldValue HeldBy(const MemberLayout& member) noexcept;
 
-  // The object of a member that must not be null; raises E_POINTER.
-  Ptr<IValueBase> RequiredObjectOf(const MemberLayout& member);
+  // The same for a member that must not be null; raises E_POINTER.
+  HeldValue RequiredOf(const MemberLayout& member);
 
   // The value of the object of a member: null for a null member and for no member.
   Variant ItemOfObject(const MemberLayout* member);
@@ -44,7 +45,7 @@ class Structure : public StructureObject<Structure, IStructure> {
   [[nodiscard]] bool EncodeMember(WriteCursor& cursor, const MemberLayout& member);
   ULONG MemberPacketSize(const MemberLayout& member);
 
-  std::vector<Ptr<IValueBase>> members_;
+  std::vector<HeldValue> members_;
 };
 
 }  // namespace halyard

@@ -34,6 +34,9 @@ class StructureBlock {
     return member.size != 0 && member.offset + std::size_t{member.size} <= size_;
   }
 
+  // Whether the block has its memory.
+  [[nodiscard]] bool IsMade() const noexcept { return bytes_ != nullptr; }
+
   // The whole block. Throws std::bad_alloc.
   [[nodiscard]] std::span<unsigned char> bytes() {
     if (bytes_ == nullptr) [[unlikely]]
@@ -44,6 +47,17 @@ class StructureBlock {
   // The field of a member that the block holds.
   [[nodiscard]] std::span<unsigned char> Field(const MemberLayout& member) {
     return bytes().subspan(member.offset, member.size);
+  }
+
+  // Reads or writes the field of a number as it is. False, and nothing done, where it
+  // takes more than that.
+  [[nodiscard]] bool ReadQuickly(const MemberLayout& member, VARIANT& fresh) const noexcept {
+    return bytes_ != nullptr && Holds(member) &&
+           LoadNumber(bytes_ + member.offset, static_cast<SHORT>(member.type), fresh);
+  }
+  [[nodiscard]] bool WriteQuickly(const MemberLayout& member, const VARIANT& value) noexcept {
+    return bytes_ != nullptr && Holds(member) &&
+           StoreOwnNumber(value, static_cast<SHORT>(member.type), bytes_ + member.offset);
   }
 
   // Makes `fresh`, which is empty and new, hold the content of the field of a member

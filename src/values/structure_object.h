@@ -65,6 +65,19 @@ class StructureObject : public ValueObject<T, Interfaces..., IElementaryMemory> 
     return this->Call("Id", [&] { Out(pnId) = type_.Id(); });
   }
 
+  // Numbers in fixed members, by position, take the short way; all else is up to the class.
+  HRESULT STDMETHODCALLTYPE get_Item(VARIANT vIndex, VARIANT* pvValue) override {
+    const MemberLayout* member = type_.FindQuickly(vIndex);
+    if (member != nullptr && pvValue != nullptr && block_.ReadQuickly(*member, *pvValue)) return S_OK;
+    return this->Self().GetItem(vIndex, pvValue);
+  }
+
+  HRESULT STDMETHODCALLTYPE put_Item(VARIANT vIndex, VARIANT vValue) override {
+    const MemberLayout* member = type_.FindQuickly(vIndex);
+    if (member != nullptr && block_.WriteQuickly(*member, vValue)) return S_OK;
+    return this->Self().PutItem(vIndex, vValue);
+  }
+
   ElementaryField<const unsigned char> FieldForReading(LONG position) override {
     return FieldAt<const unsigned char>(position);
   }

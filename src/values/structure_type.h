@@ -25,6 +25,22 @@ class StructureType {
   [[nodiscard]] Ptr<IValueDefBase> Definition() const;
   [[nodiscard]] SHORT Id() const;
 
+  // The id without raising anything; false where there is none.
+  [[nodiscard]] bool FindId(SHORT& id) const noexcept {
+    return definition_ && SUCCEEDED(definition_->get_Id(&id));
+  }
+
+  // Whether this very definition was taken.
+  [[nodiscard]] bool Is(const IValueDefBase* definition) const noexcept {
+    return definition_ && static_cast<const IValueDefBase*>(definition_.get()) == definition;
+  }
+
+  // The member at a client's index, where that is a plain position of one; else null.
+  [[nodiscard]] const MemberLayout* FindQuickly(const VARIANT& index) const noexcept {
+    if (index.vt != VT_I4 || table_ == nullptr || table_->announced != 0) return nullptr;
+    return table_->At(index.lVal);
+  }
+
   // The member that a client's index means, null for none: a name, or a position.
   // Raises what the conversion of the index raises.
   [[nodiscard]] const MemberLayout* Find(const VARIANT& index) const {

@@ -111,6 +111,7 @@ void DefinitionStep(World& world);
 void ValueStep(World& world);
 void TransferStep(World& world);
 void StreamStep(World& world);
+void RowsStep(World& world);
 
 // A fresh value of one of the definitions; may be none.
 Ptr<IValueBase> FreshValue(World& world);

@@ -3,6 +3,7 @@
 
 #include "halyard/object/bstr.h"
 #include "halyard/object/error.h"
+#include "halyard/object/number_variant.h"
 #include "halyard/object/ptr.h"
 
 namespace halyard {
@@ -10,14 +11,14 @@ namespace halyard {
 class Variant {
  public:
   // VT_EMPTY.
-  Variant() noexcept { VariantInit(&value_); }
+  Variant() noexcept : value_{} {}
 
   // Scalars of the obvious types: VT_I2, VT_I4, VT_UI1, VT_R4, VT_R8.
-  explicit Variant(SHORT value) noexcept : Variant() { Tag(VT_I2).iVal = value; }
-  explicit Variant(LONG value) noexcept : Variant() { Tag(VT_I4).lVal = value; }
-  explicit Variant(BYTE value) noexcept : Variant() { Tag(VT_UI1).bVal = value; }
-  explicit Variant(float value) noexcept : Variant() { Tag(VT_R4).fltVal = value; }
-  explicit Variant(double value) noexcept : Variant() { Tag(VT_R8).dblVal = value; }
+  explicit Variant(SHORT value) noexcept : value_(NumberVariant(value)) {}
+  explicit Variant(LONG value) noexcept : value_(NumberVariant(value)) {}
+  explicit Variant(BYTE value) noexcept : value_(NumberVariant(value)) {}
+  explicit Variant(float value) noexcept : value_(NumberVariant(value)) {}
+  explicit Variant(double value) noexcept : value_(NumberVariant(value)) {}
 
   // VT_BSTR with a copy of the text. Throws std::bad_alloc when memory is out.
   explicit Variant(WideView text) : Variant() {
@@ -65,14 +66,14 @@ class Variant {
     return result;
   }
 
-  Variant(Variant&& other) noexcept : value_(other.value_) { VariantInit(&other.value_); }
+  Variant(Variant&& other) noexcept : value_(other.Detach()) {}
   Variant& operator=(Variant&& other) noexcept {
     std::swap(value_, other.value_);
     return *this;
   }
   Variant(const Variant&) = delete;
   Variant& operator=(const Variant&) = delete;
-  ~Variant() { VariantClear(&value_); }
+  ~Variant() { Clear(); }
 
   // The type of `value` converted, in a new variant; a failing conversion is raised.
   static Variant Converted(const VARIANT& value, VARTYPE type) {
@@ -89,19 +90,24 @@ class Variant {
 
   // The place for an out argument; what was held is cleared first.
   [[nodiscard]] VARIANT* Out() noexcept {
-    VariantClear(&value_);
-    VariantInit(&value_);
+    Clear();
+    value_ = VARIANT{};
     return &value_;
   }
 
   // Hands the value to the caller, who must clear it; this one is empty then.
   [[nodiscard]] VARIANT Detach() noexcept {
     const VARIANT result = value_;
-    VariantInit(&value_);
+    value_ = VARIANT{};
     return result;
   }
 
  private:
+  // What is no number of the usual types may own something that must be freed.
+  void Clear() noexcept {
+    if (value_.vt > VT_DATE && value_.vt != VT_BOOL && value_.vt != VT_UI1) VariantClear(&value_);
+  }
+
   // Some declarations of the platform's functions forget that they only read.
   static VARIANT* Source(const VARIANT& value) noexcept { return const_cast<VARIANT*>(&value); }
 

@@ -6,6 +6,7 @@
 #include <pthread.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/uio.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -85,6 +86,23 @@ bool WriteAll(FileHandle handle, const void* bytes, std::uint32_t size) noexcept
   return true;
 }
 
+// As WriteAll for two parts.
+bool WriteBoth(FileHandle handle, std::span<const unsigned char> first,
+               std::span<const unsigned char> second) noexcept {
+  iovec parts[] = {{const_cast<unsigned char*>(first.data()), first.size()},
+                   {const_cast<unsigned char*>(second.data()), second.size()}};
+  const ssize_t n = Uninterrupted([&] { return writev(handle, parts, 2); });
+  if (n <= 0) return false;
+  const auto done = static_cast<std::size_t>(n);
+  if (done < first.size()) {
+    const std::span<const unsigned char> rest = first.subspan(done);
+    return WriteAll(handle, rest.data(), static_cast<std::uint32_t>(rest.size())) &&
+           WriteAll(handle, second.data(), static_cast<std::uint32_t>(second.size()));
+  }
+  const std::span<const unsigned char> rest = second.subspan(done - first.size());
+  return WriteAll(handle, rest.data(), static_cast<std::uint32_t>(rest.size()));
+}
+
 }  // namespace
 
 FileHandle OpenFileForRead(WideView name) noexcept { return Open(name, O_RDONLY, LOCK_SH); }
@@ -125,6 +143,15 @@ bool WriteToFile(FileHandle handle, const void* bytes, std::uint32_t size, bool 
   if (!can_break) return WriteAll(handle, bytes, size);
   const BrokenPipeGuard guard;
   return WriteAll(handle, bytes, size);
+}
+
+bool GathersWrites() noexcept { return true; }
+
+bool WriteBothToFile(FileHandle handle, std::span<const unsigned char> first,
+                     std::span<const unsigned char> second, bool can_break) noexcept {
+  if (!can_break) return WriteBoth(handle, first, second);
+  const BrokenPipeGuard guard;
+  return WriteBoth(handle, first, second);
 }
 
 std::optional<std::uint64_t> BytesToEnd(FileHandle handle) noexcept {

@@ -63,10 +63,6 @@ HRESULT Replace(VARIANT* destination, VARIANT source) noexcept {
 
 }  // namespace
 
-void VariantInit(VARIANTARG* variant) {
-  if (variant != nullptr) *variant = VARIANT{};
-}
-
 HRESULT VariantClear(VARIANTARG* variant) {
   if (variant == nullptr) return E_INVALIDARG;
   const HRESULT hr = halyard::CheckType(variant->vt);

@@ -60,6 +60,13 @@ bool WriteToFile(FileHandle handle, const void* bytes, std::uint32_t size, bool)
   return WriteFile(ToSystem(handle), bytes, size, &written, nullptr) != FALSE && written == size;
 }
 
+bool GathersWrites() noexcept { return false; }
+
+bool WriteBothToFile(FileHandle, std::span<const unsigned char>, std::span<const unsigned char>,
+                     bool) noexcept {
+  return false;
+}
+
 std::optional<std::uint64_t> BytesToEnd(FileHandle handle) noexcept {
   LARGE_INTEGER size{};
   LARGE_INTEGER position{};

@@ -1,5 +1,7 @@
 #include "values/arrays/array.h"
 
+#include <algorithm>
+
 #include "object/nesting.h"
 #include "values/arrays/element_position.h"
 
@@ -7,6 +9,14 @@ namespace halyard {
 namespace {
 
 constexpr char kEmptySlot[] = "the array has an empty slot where an element is needed";
+
+// Whether the element is a structure of fixed layout of this library, which runs nobody
+// else's code.
+bool IsOwnStructure(const Ptr<IValueBase>& element) {
+  IInsideValue* inside = InsideOf(element.get());
+  ReadyBody body;
+  return inside != nullptr && inside->FindReadyBody(body);
+}
 
 }  // namespace
 
@@ -83,13 +93,23 @@ HRESULT Array::Copy(IValueBase** ppCopy) {
     copy->fresh_definition_ = fresh_definition_;
     copy->elements_ = elements_.Outline();
     const ULONG count = copy->ElementCount();
-    for (ULONG i = elements_.EndOfFresh(0); i < count && i < ElementCount();
-         i = elements_.EndOfFresh(i + 1)) {
-      const Ptr<IValueBase> element = Require(elements_.ObjectAt(i), kEmptySlot);
-      Ptr<IValueBase> element_copy;
-      Check(element->Copy(element_copy.Out()), element);
-      copy->elements_.Put(i, std::move(element_copy));
+    // The rows are copied already, as long as no element's own code can have changed them.
+    bool rows_are_true = true;
+    ULONG i = elements_.EndOfFresh(0);
+    while (i < count && i < ElementCount()) {
+      if (rows_are_true && elements_.IsPacked(i)) {
+        i = elements_.EndOfPacked(i);
+      } else {
+        const Ptr<IValueBase> element = Require(elements_.ObjectAt(i), kEmptySlot);
+        rows_are_true = rows_are_true && IsOwnStructure(element);
+        Ptr<IValueBase> element_copy;
+        Check(element->Copy(element_copy.Out()), element);
+        copy->elements_.Put(i, std::move(element_copy));
+        ++i;
+      }
+      i = elements_.EndOfFresh(i);
     }
+    if (!rows_are_true) copy->elements_.DropRowsFrom(std::min(i, count));
     HandOut(ppCopy, Ptr<IValueBase>(copy));
   });
 }
@@ -128,7 +148,7 @@ Ptr<IValueBase> Array::ElementAt(ULONG position) {
   return position < ElementCount() ? elements_.ObjectAt(position) : Ptr<IValueBase>();
 }
 
-Ptr<IValueBase> Array::SeenElementAt(ULONG position, Ptr<IValueBase>& sample) const {
+Ptr<IValueBase> Array::SeenElementAt(ULONG position, Ptr<IValueBase>& sample) {
   if (!elements_.IsFresh(position)) return Require(elements_.ObjectAt(position), kEmptySlot);
   if (!sample) sample = NewElement(fresh_definition_);
   return sample;
@@ -162,8 +182,12 @@ void Array::AddNew(const VARIANT& value) {
 void Array::MoveColumn(const NumberColumn& column, ULONG elements) {
   Ptr<IValueBase> sample;
   const bool stores = column.direction() == Direction::kRead;
-  for (ULONG i = 0; i < elements && i < ElementCount(); ++i)
-    column.MoveElement(i, stores ? Require(ElementAt(i), kEmptySlot) : SeenElementAt(i, sample));
+  for (ULONG i = 0; i < elements && i < ElementCount();) {
+    const ULONG moved = MoveRows(column, i, std::min(elements, ElementCount()));
+    if (moved == 0)
+      column.MoveElement(i, stores ? Require(ElementAt(i), kEmptySlot) : SeenElementAt(i, sample));
+    i += std::max<ULONG>(moved, 1);
+  }
 }
 
 }  // namespace halyard

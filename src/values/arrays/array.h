@@ -23,6 +23,8 @@ class Array : public NumericArray<Array, IArrayImpl> {
   HRESULT STDMETHODCALLTYPE put_Info(IValueDefBase* pInfo) override;
   HRESULT STDMETHODCALLTYPE get_PacketSize(ULONG* pdwSize) override;
 
+  bool FindReadyBody(ReadyBody& body) override;
+
   [[nodiscard]] bool Decode(ReadCursor& cursor);
   [[nodiscard]] bool Encode(WriteCursor& cursor);
 
@@ -45,7 +47,7 @@ class Array : public NumericArray<Array, IArrayImpl> {
   // The element to look at. A fresh slot stays fresh: fresh elements look alike, so all
   // of a call are seen through `sample`, which is made when first needed. Raises
   // E_POINTER for an empty slot.
-  Ptr<IValueBase> SeenElementAt(ULONG position, Ptr<IValueBase>& sample) const;
+  Ptr<IValueBase> SeenElementAt(ULONG position, Ptr<IValueBase>& sample);
 
   // Appends what a client adds: an object of the element type and id itself, else a new
   // element that has taken the value.
@@ -53,6 +55,16 @@ class Array : public NumericArray<Array, IArrayImpl> {
   void AddNew(const VARIANT& value);
 
   [[nodiscard]] bool DecodeElement(ReadCursor& cursor, ULONG position);
+
+  // The packed elements from `position` on, as many as can be read, written or moved at
+  // once; 0 where the element there must be looked at by itself.
+  ULONG DecodeRows(ReadCursor& cursor, ULONG position);
+  ULONG DecodeNewRows(ReadCursor& cursor, ULONG position, ULONG open);
+  ULONG EncodeRows(WriteCursor& cursor, ULONG position);
+  ULONG MoveRows(const NumberColumn& column, ULONG position, ULONG end);
+
+  // Packs fresh elements that a column is about to store numbers in.
+  void PackFresh(const NumberColumn& column, ULONG position, ULONG end);
 
   ElementStore elements_;
 

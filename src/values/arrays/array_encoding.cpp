@@ -53,6 +53,10 @@ bool Array::Encode(WriteCursor& cursor) {
   if (!IsFixed() && !cursor.Put(ElementCount())) return false;
   Ptr<IValueBase> sample;
   for (ULONG i = 0; i < ElementCount();) {
+    if (const ULONG encoded = EncodeRows(cursor, i)) {
+      i += encoded;
+      continue;
+    }
     const std::uint32_t start = cursor.position();
     if (!EncodeValue(*SeenElementAt(i, sample), cursor)) return false;
     i = cursor.position() == start && elements_.IsFresh(i) ? elements_.EndOfFresh(i) : i + 1;
@@ -65,6 +69,10 @@ bool Array::Decode(ReadCursor& cursor) {
   if (count == 0 && !cursor.Take(count)) return false;
   elements_.Resize(count);
   for (ULONG i = 0; i < count && i < ElementCount();) {
+    if (const ULONG decoded = DecodeRows(cursor, i)) {
+      i += decoded;
+      continue;
+    }
     const bool untouched = !elements_.ObjectAt(i);
     const std::uint32_t start = cursor.position();
     if (!DecodeElement(cursor, i)) return false;

@@ -25,6 +25,11 @@ class ArrayType {
   [[nodiscard]] Ptr<IValueDefBase> BaseDefinition() const;
   [[nodiscard]] SHORT Id() const;
 
+  // The id without raising anything; false where there is none.
+  [[nodiscard]] bool FindId(SHORT& id) const noexcept {
+    return definition_ && SUCCEEDED(definition_->get_Id(&id));
+  }
+
   // The layout of a definition of this library, as it is at the moment. Raises
   // E_POINTER without one.
   [[nodiscard]] const ArrayLayout& layout() const;

@@ -1,8 +1,10 @@
 #include "values/arrays/member_path.h"
 
+#include <algorithm>
 #include <string_view>
 #include <utility>
 
+#include "definitions/structure_layout.h"
 #include "halyard/definitions/structure_def.h"
 #include "halyard/object/bstr.h"
 #include "halyard/object/variant.h"
@@ -34,6 +36,13 @@ constexpr FaultText kFaultTexts[] = {
 constexpr std::size_t kMostMembers = 512;
 
 constexpr LONG kNoMember = -1;
+
+// Names without a sign that means something in a path, or that has another narrow form.
+constexpr std::size_t kLongestPlainName = 64;
+
+bool IsPlain(OLECHAR c) noexcept {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
+}
 
 using Definition = Ptr<IValueDefBase>;
 
@@ -222,6 +231,20 @@ std::string PathFaultText(PathFault fault, const std::string& name, const std::s
     return text;
   }
   return {};
+}
+
+std::optional<MemberPath> FindPlainMember(WideView path, const Ptr<IValueDefBase>& element) {
+  path = path.substr(0, path.find(OLECHAR{0}));
+  if (path.empty() || path.size() > kLongestPlainName || !std::all_of(path.begin(), path.end(), IsPlain))
+    return std::nullopt;
+  const Ptr<IStructureLayoutSource> source = QueryFor<IStructureLayoutSource>(element.get());
+  if (!source || source->Outside() != element.get()) return std::nullopt;
+  const StructureLayout& layout = source->Layout().Whole();
+  const LONG position = layout.Find(path);
+  const MemberLayout* member = layout.At(position);
+  if (member == nullptr || !member->definition) return std::nullopt;
+  const Definition definition = member->definition;
+  return MemberPath{{{{{PathStep::Kind::kMember, position}}, TypeOf(definition)}}, {}};
 }
 
 MemberPath ParseMemberPath(const std::string& path, IArrayDef& definition) {

@@ -19,10 +19,13 @@
 // The parser walks definitions only, never values.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "halyard/definitions/array_def.h"
+#include "halyard/object/ptr.h"
+#include "halyard/platform/wide_text.h"
 
 namespace halyard {
 
@@ -70,5 +73,10 @@ struct MemberPath {
 // Resolves a path against the definition of the array. Raises what the definitions
 // raise, and E_POINTER where a definition on the way is missing.
 MemberPath ParseMemberPath(const std::string& path, IArrayDef& definition);
+
+// The short way to the same answer, for a path that is the name of a member, in letters,
+// digits and "_", of a structure definition of this library; none where it is not, or
+// where the long way would find a fault.
+std::optional<MemberPath> FindPlainMember(WideView path, const Ptr<IValueDefBase>& element);
 
 }  // namespace halyard

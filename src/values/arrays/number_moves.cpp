@@ -34,13 +34,45 @@ To Convert(From number) noexcept {
   }
 }
 
+// Converts `kCount` numbers. All are loaded before the first is stored, so that they need
+// not wait for one another.
+template <class From, class To, std::size_t kCount>
+void MoveGroup(const unsigned char* from, std::size_t from_stride, unsigned char* to,
+               std::size_t to_stride) noexcept {
+  From sources[kCount];
+  To targets[kCount];
+  for (std::size_t i = 0; i < kCount; ++i) std::memcpy(&sources[i], from + i * from_stride, sizeof(From));
+  for (std::size_t i = 0; i < kCount; ++i) targets[i] = Convert<To>(sources[i]);
+  for (std::size_t i = 0; i < kCount; ++i) std::memcpy(to + i * to_stride, &targets[i], sizeof(To));
+}
+
+template <class From, class To>
+void MoveAll(const unsigned char* from, std::size_t from_stride, unsigned char* to, std::size_t to_stride,
+             std::size_t count) noexcept {
+  constexpr std::size_t kGroup = 8;
+  for (; count >= kGroup; count -= kGroup) {
+    MoveGroup<From, To, kGroup>(from, from_stride, to, to_stride);
+    from += kGroup * from_stride;
+    to += kGroup * to_stride;
+  }
+  for (; count != 0; --count) {
+    MoveGroup<From, To, 1>(from, from_stride, to, to_stride);
+    from += from_stride;
+    to += to_stride;
+  }
+}
+
+// Where numbers lie side by side, the compiler is told so, for wider loads and stores.
 template <class From, class To>
 void Move(NumberRun<const unsigned char> from, NumberRun<unsigned char> to, std::size_t count) noexcept {
-  for (std::size_t i = 0; i < count; ++i) {
-    From source;
-    std::memcpy(&source, from.first + i * from.stride, sizeof source);
-    const To target = Convert<To>(source);
-    std::memcpy(to.first + i * to.stride, &target, sizeof target);
+  if (from.stride == sizeof(From) && to.stride == sizeof(To)) {
+    MoveAll<From, To>(from.first, sizeof(From), to.first, sizeof(To), count);
+  } else if (to.stride == sizeof(To)) {
+    MoveAll<From, To>(from.first, from.stride, to.first, sizeof(To), count);
+  } else if (from.stride == sizeof(From)) {
+    MoveAll<From, To>(from.first, sizeof(From), to.first, to.stride, count);
+  } else {
+    MoveAll<From, To>(from.first, from.stride, to.first, to.stride, count);
   }
 }
 

@@ -29,7 +29,8 @@ class NumericArray : public ArrayObject<T, Interfaces...> {
     return this->Call(operation, [&] {
       Out(result) = VARIANT_FALSE;
       const Ptr<IArrayDef> definition = this->type_.Definition();
-      const NumberColumns selected = SelectNumbers(call, *definition, this->Self().ElementCount());
+      const Ptr<IValueDefBase> element = this->type_.layout().value_type;
+      const NumberColumns selected = SelectNumbers(call, *definition, element, this->Self().ElementCount());
       if (!selected.understood) return;
       *result = VARIANT_TRUE;
       // The client's buffer has room for the elements that there are now, whatever their

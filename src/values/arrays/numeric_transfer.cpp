@@ -1,7 +1,9 @@
 #include "values/arrays/numeric_transfer.h"
 
+#include <algorithm>
 #include <array>
 #include <cstring>
+#include <optional>
 #include <utility>
 
 #include "object/boundary.h"
@@ -41,16 +43,26 @@ NumberColumn::NumberColumn(SelectedMember member, SHORT number_type, NumberRun<u
                                            : FindNumberMove(number_type, member_.type)),
       measure_(FindNumberMove(kReal, member_.type)) {}
 
-void NumberColumn::BuildRun(ElementaryField<const unsigned char> first, std::size_t stride,
-                            std::size_t count) const {
+void NumberColumn::BuildRun(std::size_t position, ElementaryField<const unsigned char> first,
+                            std::size_t stride, std::size_t count) const {
   RequireType(first.type);
-  move_({first.bytes, stride}, numbers_, count);
+  move_({first.bytes, stride}, {NumberAt(position), numbers_.stride}, count);
 }
 
-void NumberColumn::ReadRun(ElementaryField<unsigned char> first, std::size_t stride,
+void NumberColumn::ReadRun(std::size_t position, ElementaryField<unsigned char> first, std::size_t stride,
                            std::size_t count) const {
   RequireType(first.type);
-  move_({numbers_.first, numbers_.stride}, {first.bytes, stride}, count);
+  move_({NumberAt(position), numbers_.stride}, {first.bytes, stride}, count);
+}
+
+const MemberLayout* NumberColumn::FindField(const StructureLayout& layout,
+                                            std::size_t block_size) const noexcept {
+  if (member_.steps.size() != 1) return nullptr;
+  const MemberLayout* member = layout.At(member_.steps.front().position);
+  if (member == nullptr || member->size == 0 || static_cast<SHORT>(member->type) != member_.type)
+    return nullptr;
+  const std::size_t width = std::max<std::size_t>(member->size, NumberWidth(member_.type));
+  return member->offset + width <= block_size ? member : nullptr;
 }
 
 void NumberColumn::MoveElement(std::size_t position, const Ptr<IValueBase>& element) const {
@@ -104,9 +116,12 @@ void NumberColumn::RequireType(SHORT type) const {
     throw Error(E_INVALIDARG, "an element is of another type than the definition says");
 }
 
-NumberColumns SelectNumbers(const TransferCall& call, IArrayDef& definition, ULONG elements) {
+NumberColumns SelectNumbers(const TransferCall& call, IArrayDef& definition,
+                            const Ptr<IValueDefBase>& element, ULONG elements) {
   const SHORT type = TypeCodeFromVariant(call.number_type);
-  MemberPath parsed = ParseMemberPath(NarrowToZero(ViewOf(call.path)), definition);
+  std::optional<MemberPath> plain = FindPlainMember(ViewOf(call.path), element);
+  MemberPath parsed =
+      plain ? std::move(*plain) : ParseMemberPath(NarrowToZero(ViewOf(call.path)), definition);
   NumberColumns selected;
   selected.understood = parsed.fault.empty();
   if (!selected.understood && call.direction == Direction::kBuild)

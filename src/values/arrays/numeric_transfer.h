@@ -8,6 +8,7 @@
 
 #include <vector>
 
+#include "definitions/structure_layout.h"
 #include "halyard/definitions/array_def.h"
 #include "halyard/object/variant.h"
 #include "halyard/values/value_base.h"
@@ -32,11 +33,18 @@ class NumberColumn {
 
   [[nodiscard]] Direction direction() const noexcept { return direction_; }
 
-  // Moves the numbers of `count` elements that lie side by side, from the first one,
-  // `stride` bytes apart. Raises E_INVALIDARG where they are of another type than the
-  // definition says.
-  void BuildRun(ElementaryField<const unsigned char> first, std::size_t stride, std::size_t count) const;
-  void ReadRun(ElementaryField<unsigned char> first, std::size_t stride, std::size_t count) const;
+  // Moves the numbers of `count` elements that lie side by side, from the one at
+  // `position`, which is `first`, `stride` bytes apart. Raises E_INVALIDARG where they are
+  // of another type than the definition says.
+  void BuildRun(std::size_t position, ElementaryField<const unsigned char> first, std::size_t stride,
+                std::size_t count) const;
+  void ReadRun(std::size_t position, ElementaryField<unsigned char> first, std::size_t stride,
+               std::size_t count) const;
+
+  // The member that the column moves in structures of that layout with blocks of so many
+  // bytes; null where it takes more than a step into the block, or would be refused.
+  [[nodiscard]] const MemberLayout* FindField(const StructureLayout& layout,
+                                              std::size_t block_size) const noexcept;
 
   // Moves the number of the element at `position`. Raises E_POINTER for an empty slot
   // or a null member on the way, E_INVALIDARG for a missing element or another type
@@ -79,9 +87,11 @@ struct TransferCall {
   unsigned char* buffer;
 };
 
-// Selects what a call moves in an array of so many elements. When building, the fault of
+// Selects what a call moves in an array of so many elements. `element` is the element
+// definition, or none, for the short way to a plain member. When building, the fault of
 // a path is shown as a message. Raises E_POINTER for a null buffer that numbers would go
 // to or come from, and what definitions and the conversion of the number type raise.
-NumberColumns SelectNumbers(const TransferCall& call, IArrayDef& definition, ULONG elements);
+NumberColumns SelectNumbers(const TransferCall& call, IArrayDef& definition,
+                            const Ptr<IValueDefBase>& element, ULONG elements);
 
 }  // namespace halyard

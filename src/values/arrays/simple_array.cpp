@@ -1,5 +1,6 @@
 #include "values/arrays/simple_array.h"
 
+#include <cstddef>
 #include <cstring>
 #include <limits>
 #include <new>
@@ -8,6 +9,11 @@ namespace halyard {
 namespace {
 
 constexpr ULONG kCountBytes = 4;
+
+// Memory that a client gets the address of lies as an allocation does.
+bool IsAligned(const unsigned char* bytes) noexcept {
+  return reinterpret_cast<std::uintptr_t>(bytes) % alignof(std::max_align_t) == 0;
+}
 
 // Slots by which a full block grows, and spare slots from which it is cut to its count.
 constexpr ULONG kGrowth = 10;
@@ -89,7 +95,22 @@ bool SimpleArray::Decode(ReadCursor& cursor) {
   // The count is kept even where the elements are not there.
   Reset(count);
   if (block_.size() > cursor.room()) return false;
+  if (IsAligned(cursor.rest().data())) {
+    if (OwnedBytes owned = cursor.TakeWithMemory(static_cast<std::size_t>(block_.size()))) {
+      block_.Adopt(std::move(owned.memory), owned.bytes);
+      return true;
+    }
+  }
   return cursor.TakeBytes(block_.WritableInFull(), static_cast<std::size_t>(block_.size()));
+}
+
+bool SimpleArray::FindReadyBody(ReadyBody& body) {
+  if (!type_ || block_.Stored() == nullptr || !type_.FindId(body.id)) return false;
+  body.type = kTypeCode;
+  std::memcpy(body.head.data(), &count_, sizeof count_);
+  body.head_size = sizeof count_;
+  body.bytes = {block_.Stored(), static_cast<std::size_t>(Offset(count_))};
+  return true;
 }
 
 bool SimpleArray::Encode(WriteCursor& cursor) const {

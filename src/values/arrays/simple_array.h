@@ -17,6 +17,8 @@ class SimpleArray : public SimpleArrayObject<SimpleArray, ISimpleArray> {
   HRESULT STDMETHODCALLTYPE put_Info(IValueDefBase* pInfo) override;
   HRESULT STDMETHODCALLTYPE get_PacketSize(ULONG* pdwSize) override;
 
+  bool FindReadyBody(ReadyBody& body) override;
+
   [[nodiscard]] bool Decode(ReadCursor& cursor);
   [[nodiscard]] bool Encode(WriteCursor& cursor) const;
 

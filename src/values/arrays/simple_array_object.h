@@ -66,11 +66,11 @@ class SimpleArrayObject : public NumericArray<T, Interfaces..., IElementaryMemor
     const ULONG count = std::min(elements, Elements().ElementCount());
     if (count == 0 || width_ == 0) return;
     if (column.direction() == Direction::kRead) {
-      column.ReadRun({Elements().WritableInFull(), element_type_}, width_, count);
+      column.ReadRun(0, {Elements().WritableInFull(), element_type_}, width_, count);
     } else if (const unsigned char* stored = Elements().Stored()) {
-      column.BuildRun({stored, element_type_}, width_, count);
+      column.BuildRun(0, {stored, element_type_}, width_, count);
     } else {
-      column.BuildRun({kZeroSlot, element_type_}, 0, count);
+      column.BuildRun(0, {kZeroSlot, element_type_}, 0, count);
     }
   }
 

@@ -1,5 +1,7 @@
 #include "values/arrays/zero_block.h"
 
+#include <algorithm>
+#include <cstdlib>
 #include <cstring>
 #include <limits>
 #include <new>
@@ -22,22 +24,37 @@ std::size_t AllocationSize(std::uint64_t size) {
 
 void ZeroBlock::Reset(std::uint64_t size) noexcept {
   memory_.reset();
+  bytes_ = nullptr;
   size_ = size;
+}
+
+void ZeroBlock::Adopt(RawMemory memory, std::span<unsigned char> bytes) noexcept {
+  memory_ = std::move(memory);
+  bytes_ = bytes.data();
+  size_ = bytes.size();
 }
 
 void ZeroBlock::Resize(std::uint64_t size) {
   if (memory_) {
     const std::size_t bytes = AllocationSize(size);
-    void* memory = std::realloc(memory_.get(), bytes);
-    if (memory == nullptr) throw std::bad_alloc();
-    static_cast<void>(memory_.release());
-    memory_.reset(static_cast<unsigned char*>(memory));
+    Resettle(bytes);
     if (size > size_) {
       const auto old = static_cast<std::size_t>(size_);
-      std::memset(memory_.get() + old, 0, bytes - old);
+      std::memset(bytes_ + old, 0, bytes - old);
     }
   }
   size_ = size;
+}
+
+void ZeroBlock::Resettle(std::size_t size) {
+  if (bytes_ == memory_.get()) {
+    ResizeRawMemory(memory_, size);
+  } else {
+    RawMemory other = NewRawMemory(size);
+    std::memcpy(other.get(), bytes_, std::min(size, static_cast<std::size_t>(size_) + kWidestElementary));
+    memory_ = std::move(other);
+  }
+  bytes_ = memory_.get();
 }
 
 unsigned char* ZeroBlock::Writable() {
@@ -49,8 +66,9 @@ unsigned char* ZeroBlock::WritableInFull() {
   if (!memory_ && size_ != 0) {
     memory_.reset(static_cast<unsigned char*>(std::calloc(AllocationSize(size_), 1)));
     if (!memory_) throw std::bad_alloc();
+    bytes_ = memory_.get();
   }
-  return memory_.get();
+  return bytes_;
 }
 
 }  // namespace halyard

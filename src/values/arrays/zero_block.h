@@ -8,19 +8,30 @@
 #pragma once
 
 #include <cstdint>
-#include <cstdlib>
-#include <memory>
+#include <span>
+#include <utility>
+
+#include "object/raw_memory.h"
 
 namespace halyard {
 
 class ZeroBlock {
  public:
   ZeroBlock() noexcept = default;
-  ZeroBlock(ZeroBlock&&) noexcept = default;
-  ZeroBlock& operator=(ZeroBlock&&) noexcept = default;
+  ZeroBlock(ZeroBlock&& other) noexcept { *this = std::move(other); }
+  ZeroBlock& operator=(ZeroBlock&& other) noexcept {
+    size_ = std::exchange(other.size_, 0);
+    memory_ = std::move(other.memory_);
+    bytes_ = std::exchange(other.bytes_, nullptr);
+    return *this;
+  }
 
   // Becomes a block of zeros and gives back its memory.
   void Reset(std::uint64_t size) noexcept;
+
+  // Becomes a block of bytes that lie in memory which it takes over, with zeroed spare
+  // bytes behind them.
+  void Adopt(RawMemory memory, std::span<unsigned char> bytes) noexcept;
 
   // Keeps the first bytes; further ones are zeros. Throws std::bad_alloc.
   void Resize(std::uint64_t size);
@@ -28,7 +39,7 @@ class ZeroBlock {
   [[nodiscard]] std::uint64_t size() const noexcept { return size_; }
 
   // The bytes, null while nothing was written: then all of them are zeros.
-  [[nodiscard]] const unsigned char* Stored() const noexcept { return memory_.get(); }
+  [[nodiscard]] const unsigned char* Stored() const noexcept { return bytes_; }
 
   // The bytes, with memory behind them from now on; null for an empty block. Throws
   // std::bad_alloc, also for a block of more than 16 MiB that was only announced.
@@ -38,12 +49,12 @@ class ZeroBlock {
   [[nodiscard]] unsigned char* WritableInFull();
 
  private:
-  struct Free {
-    void operator()(unsigned char* memory) const noexcept { std::free(memory); }
-  };
+  // Moves the bytes to the start of memory of their own size and the spare bytes.
+  void Resettle(std::size_t size);
 
   std::uint64_t size_ = 0;
-  std::unique_ptr<unsigned char, Free> memory_;  // size_ and the spare bytes, or none
+  RawMemory memory_;                // none while nothing was written
+  unsigned char* bytes_ = nullptr;  // in memory_: size_ and the spare bytes
 };
 
 }  // namespace halyard

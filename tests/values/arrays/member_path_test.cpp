@@ -56,11 +56,27 @@ struct RecordArray {
   Ptr<IArrayDef> definition;
 };
 
+// The short way must come to the same, or know nothing.
+void ExpectSameByTheShortWay(const std::string& path, const Ptr<IArrayDef>& definition,
+                             const MemberPath& parsed) {
+  Ptr<IValueDefBase> element;
+  Check(definition->get_ValueType(element.Out()));
+  const auto plain = FindPlainMember(WideString(path.begin(), path.end()), element);
+  if (!plain) return;
+  ASSERT_EQ(plain->members.size(), 1u) << path;
+  ASSERT_EQ(parsed.members.size(), 1u) << path;
+  ASSERT_EQ(plain->members.front().steps.size(), 1u) << path;
+  EXPECT_EQ(plain->members.front().steps.front().position, parsed.members.front().steps.front().position);
+  EXPECT_EQ(plain->members.front().type, parsed.members.front().type);
+  EXPECT_EQ(plain->fault, parsed.fault);
+}
+
 // The selected members as text: their steps, ".2" a member and "[3]" an element, and
 // behind a colon the type at the end; a fault as its message.
 std::string Parsed(const std::string& path, const Ptr<IArrayDef>& definition) {
   const MemberPath parsed = ParseMemberPath(path, *definition);
   EXPECT_EQ(parsed.members.empty(), !parsed.fault.empty()) << path;
+  ExpectSameByTheShortWay(path, definition, parsed);
   if (!parsed.fault.empty()) return parsed.fault;
   std::string text;
   for (const SelectedMember& member : parsed.members) {
@@ -191,6 +207,19 @@ TEST(MemberPath, NumbersInBracketsEndAtTheEndsOfTheirRange) {
   ASSERT_TRUE(parts);
   ASSERT_EQ(parts->size(), 1u);
   EXPECT_EQ(parts->front().indices, (std::vector<LONG>{7, -3, 2, 2147483647, -2147483647 - 1, 4, 0}));
+}
+
+TEST(FindPlainMember, KnowsNamesOfMembersOnly) {
+  const RecordArray array;
+  Ptr<IValueDefBase> element;
+  Check(array.definition->get_ValueType(element.Out()));
+  for (const OLECHAR* path : {OLESTR("b"), OLESTR("B"), OLESTR("names"), OLESTR("self")})
+    EXPECT_TRUE(FindPlainMember(path, element));
+  for (const OLECHAR* path : {OLESTR(""), OLESTR("c"), OLESTR(".b"), OLESTR("b."), OLESTR("self.b"),
+                              OLESTR("samples[1]"), OLESTR("[0]"), OLESTR(" b"), OLESTR("\u00E9")})
+    EXPECT_FALSE(FindPlainMember(path, element));
+  EXPECT_FALSE(FindPlainMember(OLESTR("b"), nullptr));
+  EXPECT_FALSE(FindPlainMember(OLESTR("b"), array.definition));
 }
 
 }  // namespace

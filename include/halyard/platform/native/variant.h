@@ -125,7 +125,9 @@ static_assert(sizeof(VARIANT) == 8 + 2 * sizeof(void*), "the layout of the autom
 static_assert(sizeof(DECIMAL) == 16, "the layout of the automation decimal");
 
 // Makes the variant empty without looking at what it held.
-void VariantInit(VARIANTARG* variant);
+inline void VariantInit(VARIANTARG* variant) {
+  if (variant != nullptr) *variant = VARIANT{};
+}
 
 // Frees what the variant owns and makes it empty. DISP_E_BADVARTYPE for a type that
 // no variant can have and for arrays and records, which are not made here; the variant
