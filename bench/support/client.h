@@ -5,9 +5,6 @@
 // that counts nanoseconds needs no object that clears it.
 #pragma once
 
-#include <bit>
-#include <cstdint>
-#include <cstring>
 #include <string>
 #include <string_view>
 
