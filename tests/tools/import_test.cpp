@@ -138,6 +138,8 @@ TEST(Import, NamesLineAndColumnOfWhatDoesNotFit) {
       {"a\n\"x\"y\n", "line 2: there is text behind the closing quote of a field"},
       {"a\nx\xFFy\n", "line 2: a text is not UTF-8; is --table-encoding windows-1252 right?"},
       {std::string("a\nx\0y\n", 6), "line 2: there is a zero byte in a text"},
+      {"a\n" + std::string(70000, 'y') + "\n",
+       "column a: '" + std::string(59, 'y') + "…' has 70000 bytes, and there is room for 65535"},
       {"", "it is empty"}};
   for (const auto& [table, fault] : cases) {
     const Outcome outcome = RunTool({"import", folder.Make("t.csv", table), "-o", folder.File("t.orm")});

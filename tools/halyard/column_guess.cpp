@@ -5,10 +5,14 @@
 #include <algorithm>
 #include <limits>
 
+#include "tools/halyard/unicode.h"
+
 namespace halyard::tool {
 namespace {
 
 using Kind = ColumnForm::Kind;
+
+constexpr std::size_t kShownText = 60;  // columns of a text in a remark
 
 // Keeps the forms that write the value as `text`; the form with as many decimals as the
 // text has is tried with the first one.
@@ -98,9 +102,11 @@ ColumnType ColumnGuess::Result() const {
     result.type = kEnumeration;
     result.elements = elements_;
   } else if (is_number_) {
-    result.remark = fmt::format("numbers kept as texts: '{}' would not come back as it is", odd_number_);
+    result.remark = fmt::format("numbers kept as texts: '{}' would not come back as it is",
+                                Shortened(odd_number_, kShownText));
   } else if (is_date_) {
-    result.remark = fmt::format("dates kept as texts: '{}' would not come back as it is", odd_date_);
+    result.remark = fmt::format("dates kept as texts: '{}' would not come back as it is",
+                                Shortened(odd_date_, kShownText));
   }
   return result;
 }

@@ -9,11 +9,13 @@
 #include "tools/halyard/column_form.h"
 #include "tools/halyard/framing.h"
 #include "tools/halyard/text.h"
+#include "tools/halyard/unicode.h"
 
 namespace halyard::tool {
 namespace {
 
 constexpr std::size_t kLongestText = 65535;
+constexpr std::size_t kShownText = 60;  // columns of a text in a message
 
 // A text that its member cannot hold; the end of a sentence.
 struct Misfit {
@@ -131,7 +133,7 @@ void RowBuilder::LeaveOut(const Ptr<IValueBase>& row, const MemberPath& path) co
 void RowBuilder::Put(const Ptr<IValueBase>& row, const MemberPath& path, const CsvField& field,
                      const CsvReader& reader) const {
   const auto fail = [&](const std::string& why) {
-    reader.Fail(fmt::format("column {}: '{}' {}", path.title, field.text, why));
+    reader.Fail(fmt::format("column {}: '{}' {}", path.title, Shortened(field.text, kShownText), why));
   };
   try {
     const Holder holder = HolderOf(row, *definition_, path);
