@@ -21,6 +21,7 @@ constexpr char kHalyard[] = "Halyard";
 
 void AddRecords(Actions& actions) {
   kRecords.AddWriter(actions, RecordFiles::kWriteTask, kLimit, MakeBufferedRecords);
+  kRecords.AddWriter(actions, RecordFiles::kWriteTask, kHalyard, MakeHalyardBufferedRecords);
   kRecords.AddWriter(actions, RecordFiles::kWriteEachTask, kLimit, MakeBareRecords);
   kRecords.AddWriter(actions, RecordFiles::kWriteEachTask, kHalyard, MakeHalyardRecords);
   kRecords.AddReader(actions, kLimit, MakeBufferedRecords);
@@ -29,6 +30,7 @@ void AddRecords(Actions& actions) {
 
 void AddStations(Actions& actions) {
   kStations.AddWriter(actions, StationFiles::kWriteTask, kLimit, MakeBufferedStations);
+  kStations.AddWriter(actions, StationFiles::kWriteTask, kHalyard, MakeHalyardBufferedStations);
   kStations.AddWriter(actions, StationFiles::kWriteEachTask, kLimit, MakeBareStations);
   kStations.AddWriter(actions, StationFiles::kWriteEachTask, kHalyard, MakeHalyardStations);
   kStations.AddReader(actions, kLimit, MakeBufferedStations);

@@ -14,7 +14,7 @@ constexpr std::int32_t kMostRecords = 10000000;
 std::vector<Point> GrowRecords() {
   Curve curve("records");
   const std::string path = ScratchFile("growing records");
-  const auto records = MakeHalyardRecords();
+  const auto records = MakeHalyardBufferedRecords();
   for (std::int32_t count = 1000; count <= kMostRecords; count *= 10) {
     curve.Add("write", count, count, [&] {
       RemoveFile(path);

@@ -1,5 +1,6 @@
 #include "records/halyard.h"
 
+#include "support/buffered_file.h"
 #include "support/demand.h"
 
 namespace bench {
@@ -15,9 +16,12 @@ enum Member : LONG { kId, kX, kY, kZ, kDepth, kFlags, kKind };
 
 class HalyardRecords final : public RecordFile {
  public:
+  // With a buffer of 0 bytes each record is written at once.
+  explicit HalyardRecords(LONG buffer_size) : buffer_size_(buffer_size) {}
+
   void Write(const std::string& path, std::int32_t count) override {
     const auto definition = DefineSounding();
-    const auto file = NewFile(path, definition);
+    const auto file = NewBufferedFile(path, definition, buffer_size_);
     const auto record = NewValue(definition);
     VARIANT_BOOL done = VARIANT_FALSE;
     for (std::int32_t i = 0; i < count; ++i) {
@@ -47,6 +51,8 @@ class HalyardRecords final : public RecordFile {
     sums.flags += Item(record, kFlags).iVal;
     sums.kind += Item(record, kKind).bVal;
   }
+
+  const LONG buffer_size_;
 };
 
 }  // namespace
@@ -72,6 +78,10 @@ void FillSounding(IValueBase& record, const Sounding& content) {
   Check(record.put_Item(Position(kKind), Number(BYTE{content.kind})));
 }
 
-std::unique_ptr<RecordFile> MakeHalyardRecords() { return std::make_unique<HalyardRecords>(); }
+std::unique_ptr<RecordFile> MakeHalyardRecords() { return std::make_unique<HalyardRecords>(0); }
+
+std::unique_ptr<RecordFile> MakeHalyardBufferedRecords() {
+  return std::make_unique<HalyardRecords>(static_cast<LONG>(kFileBufferSize));
+}
 
 }  // namespace bench

@@ -18,4 +18,7 @@ void FillSounding(halyard::IValueBase& record, const Sounding& content);
 // One write call for each record, as the file object promises by default.
 std::unique_ptr<RecordFile> MakeHalyardRecords();
 
+// Records are kept back in a buffer of 64 KB.
+std::unique_ptr<RecordFile> MakeHalyardBufferedRecords();
+
 }  // namespace bench

@@ -2,6 +2,7 @@
 
 #include <span>
 
+#include "support/buffered_file.h"
 #include "support/client.h"
 
 namespace bench {
@@ -130,9 +131,12 @@ void AddRecord(IValueBase& record, StationSums& sums) {
 
 class HalyardStations final : public StationFile {
  public:
+  // With a buffer of 0 bytes each record is written at once.
+  explicit HalyardStations(LONG buffer_size) : buffer_size_(buffer_size) {}
+
   void Write(const std::string& path, std::int32_t count) override {
     const auto definition = DefineStation();
-    const auto file = NewFile(path, definition);
+    const auto file = NewBufferedFile(path, definition, buffer_size_);
     Filled record(definition);
     VARIANT_BOOL done = VARIANT_FALSE;
     for (std::int32_t i = 0; i < count; ++i) {
@@ -149,10 +153,17 @@ class HalyardStations final : public StationFile {
     for (std::int32_t i = 0; i < count; ++i) AddRecord(*ReadValue(file), sums);
     return sums;
   }
+
+ private:
+  const LONG buffer_size_;
 };
 
 }  // namespace
 
-std::unique_ptr<StationFile> MakeHalyardStations() { return std::make_unique<HalyardStations>(); }
+std::unique_ptr<StationFile> MakeHalyardStations() { return std::make_unique<HalyardStations>(0); }
+
+std::unique_ptr<StationFile> MakeHalyardBufferedStations() {
+  return std::make_unique<HalyardStations>(static_cast<LONG>(kFileBufferSize));
+}
 
 }  // namespace bench

@@ -10,4 +10,7 @@ namespace bench {
 // One write call for each record, as the file object promises by default.
 std::unique_ptr<StationFile> MakeHalyardStations();
 
+// Records are kept back in a buffer of 64 KB.
+std::unique_ptr<StationFile> MakeHalyardBufferedStations();
+
 }  // namespace bench

@@ -45,6 +45,13 @@ Ptr<IOrmFile> NewFile(const std::string& path, const Ptr<IValueDefBase>& definit
   return file;
 }
 
+Ptr<IOrmFile> NewBufferedFile(const std::string& path, const Ptr<IValueDefBase>& definition,
+                              LONG buffer_size) {
+  auto file = NewFile(path, definition);
+  Check(QueryFor<IOrmFileBuffering>(file.get())->put_BufferSize(buffer_size));
+  return file;
+}
+
 Ptr<IOrmFile> OpenFile(const std::string& path) {
   const auto file = CreateObject<IOrmFile>(kOrmFileClass);
   VARIANT_BOOL done = VARIANT_FALSE;

@@ -49,6 +49,11 @@ halyard::Ptr<halyard::IOrmFile> NewFile(const std::string& path,
                                         const halyard::Ptr<halyard::IValueDefBase>& definition);
 halyard::Ptr<halyard::IOrmFile> OpenFile(const std::string& path);
 
+// As NewFile, but records are kept back in a buffer of so many bytes.
+halyard::Ptr<halyard::IOrmFile> NewBufferedFile(const std::string& path,
+                                                const halyard::Ptr<halyard::IValueDefBase>& definition,
+                                                LONG buffer_size);
+
 // The value of the next record; throws where there is none.
 halyard::Ptr<halyard::IValueBase> ReadValue(const halyard::Ptr<halyard::IOrmFile>& file);
 
