@@ -44,12 +44,18 @@ class ReadCursor {
     return true;
   }
 
-  // Takes narrow text that a 16-bit length leads.
-  [[nodiscard]] bool TakeText(std::string& text) {
+  // Takes narrow text that a 16-bit length leads. The view lies in the buffer.
+  [[nodiscard]] bool TakeText(std::string_view& text) noexcept {
     std::uint16_t length = 0;
     if (!Take(length) || rest_.size() < length) return false;
-    text.assign(reinterpret_cast<const char*>(rest_.data()), length);
+    text = {reinterpret_cast<const char*>(rest_.data()), length};
     rest_ = rest_.subspan(length);
+    return true;
+  }
+  [[nodiscard]] bool TakeText(std::string& text) {
+    std::string_view view;
+    if (!TakeText(view)) return false;
+    text = view;
     return true;
   }
 

@@ -57,6 +57,28 @@ inline bool LoadNumber(const unsigned char* field, SHORT type, VARIANT& fresh) n
   }
 }
 
+// Whether a number has the variant type of the field's type, a number type.
+inline bool IsNumberOf(const VARIANT& value, SHORT type) noexcept {
+  switch (type) {
+    case kChar:
+    case kByte:
+      return value.vt == VT_UI1;
+    case kShort:
+    case kWord:
+      return value.vt == VT_I2;
+    case kLong:
+    case kDWord:
+    case kInt64:
+      return value.vt == VT_I4;
+    case kShortReal:
+      return value.vt == VT_R4;
+    case kReal:
+      return value.vt == VT_R8;
+    default:
+      return false;
+  }
+}
+
 // Stores a number of another type, where the field's type holds that very number.
 bool StoreOtherNumber(const VARIANT& value, SHORT type, unsigned char* field) noexcept;
 

@@ -87,7 +87,9 @@ HRESULT SimpleValue::get_PacketSize(ULONG* pdwSize) {
   return Call("PacketSize", [&] {
     ULONG& size = Out(pdwSize);
     if (type_ == kString) {
-      size = kLengthBytes + static_cast<ULONG>(ViewOf(AsText(value_)->bstrVal).size());
+      const bool is_text = value_.type() == VT_BSTR;
+      const Variant text = is_text ? Variant() : AsText(value_);
+      size = kLengthBytes + SysStringLen(is_text ? value_->bstrVal : text->bstrVal);
     } else {
       size = ElementaryByteCount(type_, data_size_);
     }
@@ -139,17 +141,18 @@ bool SimpleValue::EncodeInside(WriteCursor& cursor) {
 }
 
 bool SimpleValue::Decode(ReadCursor& cursor) {
-  std::string narrow;
+  std::string_view narrow;
   if (!cursor.TakeText(narrow)) return false;
   value_ = Variant(Widen(narrow.substr(0, narrow.find('\0'))));
   return true;
 }
 
 bool SimpleValue::Encode(WriteCursor& cursor) {
-  Variant text = AsText(value_);
-  const WideView wide = ViewOf(text->bstrVal);
+  const bool is_text = value_.type() == VT_BSTR;
+  Variant text = is_text ? Variant() : AsText(value_);
+  const WideView wide = ViewOf(is_text ? value_->bstrVal : text->bstrVal);
   if (!cursor.PutText(Narrow(wide), wide.size())) return false;
-  value_ = std::move(text);  // a number that was written as a text is a text from now on
+  if (!is_text) value_ = std::move(text);  // a number that was written as a text is one from now on
   return true;
 }
 

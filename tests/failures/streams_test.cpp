@@ -109,6 +109,9 @@ State BeforeWriting() {
   state.place = std::make_shared<TempFile>();
   EXPECT_TRUE(OpenForWrite(state.file, state.place->name()));
   EXPECT_TRUE(WriteInfo(state.file, state.definition.get()));
+  // A text whose narrow form takes memory.
+  const Variant text = Text(OLESTR("a label that is too long for a string object"));
+  EXPECT_EQ(state.value->put_Item(Text(OLESTR("Label")).get(), text.get()), S_OK);
   return state;
 }
 

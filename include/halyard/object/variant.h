@@ -54,6 +54,10 @@ class Variant {
   // An independent copy of somebody's value; a failing copy is raised.
   static Variant CopyOf(const VARIANT& value) {
     Variant result;
+    if (OwnsNothing(value.vt)) {
+      result.value_ = value;
+      return result;
+    }
     Check(VariantCopy(&result.value_, Source(value)));
     return result;
   }
@@ -103,9 +107,13 @@ class Variant {
   }
 
  private:
-  // What is no number of the usual types may own something that must be freed.
+  // True for the usual numbers; others may own something that must be freed.
+  static bool OwnsNothing(VARTYPE type) noexcept {
+    return type <= VT_DATE || type == VT_BOOL || type == VT_UI1;
+  }
+
   void Clear() noexcept {
-    if (value_.vt > VT_DATE && value_.vt != VT_BOOL && value_.vt != VT_UI1) VariantClear(&value_);
+    if (!OwnsNothing(value_.vt)) VariantClear(&value_);
   }
 
   // Some declarations of the platform's functions forget that they only read.

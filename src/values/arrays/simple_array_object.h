@@ -13,6 +13,7 @@
 #include <cstdint>
 
 #include "halyard/values/arrays/simple_array.h"
+#include "types/number_fields.h"
 #include "values/arrays/element_position.h"
 #include "values/arrays/numeric_array.h"
 #include "values/arrays/simple_elements.h"
@@ -27,7 +28,9 @@ class SimpleArrayObject : public NumericArray<T, Interfaces..., IElementaryMemor
     return this->Call("Item", [&] {
       VARIANT& result = Out(pvValue);
       const ULONG position = ElementPosition(vIndex, [&] { return Elements().ElementCount(); });
-      result = ReadElement(StoredSlot(position), element_type_, width_).Detach();
+      const unsigned char* slot = StoredSlot(position);
+      if (slot != nullptr && LoadNumber(slot, element_type_, result)) return;
+      result = ReadElement(slot, element_type_, width_).Detach();
     });
   }
 
@@ -92,6 +95,12 @@ class SimpleArrayObject : public NumericArray<T, Interfaces..., IElementaryMemor
   // Converts the value and stores it. Raises what the conversion raises, and
   // E_INVALIDARG where the element has gone meanwhile.
   void Store(ULONG position, const VARIANT& value) {
+    // An Int64 takes more than its own slot.
+    if (element_type_ != kInt64 && IsNumberOf(value, element_type_)) {
+      if (unsigned char* bytes = Elements().Writable())
+        static_cast<void>(StoreOwnNumber(value, element_type_, bytes + Offset(position)));
+      return;
+    }
     const ConvertedElement converted(value, element_type_, width_);
     const ULONG count = Elements().ElementCount();
     if (position >= count) throw Error(E_INVALIDARG, "the element was removed while its value was converted");
