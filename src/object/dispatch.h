@@ -18,6 +18,11 @@ struct DispatchTarget {
   // Reads the value that the object stands for where an argument-less default member is
   // asked for: DISP_E_PARAMNOTFOUND when it stands for none. Called with `object`.
   HRESULT (*default_value)(IDispatch* object, VARIANT* result);
+
+  // The default member with one index, Item, get and put; null for objects without it.
+  // Called with `object`.
+  HRESULT (*get_item)(IDispatch* object, VARIANT index, VARIANT* result) = nullptr;
+  HRESULT (*put_item)(IDispatch* object, VARIANT index, VARIANT value) = nullptr;
 };
 
 HRESULT DispatchTypeInfoCount(UINT* count) noexcept;

@@ -134,12 +134,34 @@ class Object : public Interfaces..., public IObjectSafety, public ISupportErrorI
   }
 
  private:
+  // The object behind what a DispatchTarget holds.
+  static T& Behind(IDispatch* object) noexcept {
+    return *static_cast<T*>(static_cast<Object*>(static_cast<MainInterface*>(object)));
+  }
+
   static HRESULT ReadDefaultValue(IDispatch* object, VARIANT* result) {
-    return static_cast<T*>(static_cast<Object*>(static_cast<MainInterface*>(object)))->DefaultValue(result);
+    return Behind(object).DefaultValue(result);
+  }
+
+  static HRESULT GetItem(IDispatch* object, VARIANT index, VARIANT* result) {
+    return Behind(object).get_Item(index, result);
+  }
+
+  static HRESULT PutItem(IDispatch* object, VARIANT index, VARIANT value) {
+    return Behind(object).put_Item(index, value);
   }
 
   DispatchTarget Target() noexcept {
-    return {IidOf<MainInterface>, static_cast<MainInterface*>(this), T::kClassName, &ReadDefaultValue};
+    DispatchTarget target{IidOf<MainInterface>, static_cast<MainInterface*>(this), T::kClassName,
+                          &ReadDefaultValue};
+    if constexpr (requires(T & object, VARIANT value) {
+                    object.get_Item(value, &value);
+                    object.put_Item(value, value);
+                  }) {
+      target.get_item = &GetItem;
+      target.put_item = &PutItem;
+    }
+    return target;
   }
 
   ModuleLock module_lock_;

@@ -44,6 +44,39 @@ TEST_F(LateFailures, DescribesAFailureOfTheObject) {
   EXPECT_TRUE(outcome.description.starts_with("StructureInfo.MemberName: ")) << outcome.description;
 }
 
+TEST_F(LateFailures, DescribesAFailureOfAnItem) {
+  const auto record = NewValue(DepthAndLabel());
+  const auto help = CreateObject<IOrmHelp>(kOrmHelpClass);
+  const auto array = Get(help, &IOrmHelp::CreateArray, Text(L"Long"));
+  Variant place = I4(7);
+  for (const VARIANT& index : {I4(7).get(), Variable(place)}) {
+    for (const WORD how : {kGet, kPut}) {
+      const auto arguments = how == kGet ? std::vector{index} : std::vector{index, I4(1).get()};
+      const LateOutcome outcome = Invoke(array.get(), kDefaultMember, how, arguments);
+      EXPECT_EQ(outcome.status, DISP_E_EXCEPTION);
+      EXPECT_EQ(outcome.code, E_INVALIDARG);
+      EXPECT_EQ(outcome.source, "Halyard.SimpleArray");
+      EXPECT_TRUE(outcome.description.starts_with("SimpleArray.Item: ")) << outcome.description;
+    }
+  }
+  const Variant text = Text(L"no number");
+  const LateOutcome outcome = Invoke(record.get(), kDefaultMember, kPut, {Text(L"Depth").get(), text.get()});
+  EXPECT_EQ(outcome.status, DISP_E_EXCEPTION);
+  EXPECT_EQ(outcome.code, DISP_E_TYPEMISMATCH);
+}
+
+// Nobody asks for the details: the call is the same.
+TEST_F(LateFailures, FailsWithoutAPlaceForTheException) {
+  const auto array = Get(CreateObject<IOrmHelp>(kOrmHelpClass), &IOrmHelp::CreateArray, Text(L"Long"));
+  Variant index = I4(7);
+  DISPPARAMS params{&index.get(), nullptr, 1, 0};
+  Variant result;
+  EXPECT_EQ(array->Invoke(kDefaultMember, IID_NULL, LOCALE_USER_DEFAULT, kGet, &params, result.Out(), nullptr,
+                          nullptr),
+            DISP_E_EXCEPTION);
+  EXPECT_EQ(result.type(), VT_EMPTY);
+}
+
 TEST_F(LateFailures, DoesNotBlameAnEarlierFailure) {
   static_cast<void>(Invoke(DepthAndLabel().get(), L"MemberName", kGet, {I4(99).get()}));
   const LateOutcome outcome = Invoke(CreateObject<IOrmFile>(kOrmFileClass).get(), L"ReadData", kMethod);

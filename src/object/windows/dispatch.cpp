@@ -5,27 +5,19 @@
 #include "halyard/object/variant.h"
 #include "object/boundary.h"
 #include "object/windows/invoke_arguments.h"
+#include "object/windows/item_call.h"
 #include "object/windows/item_enumerator.h"
 #include "object/windows/type_information.h"
 
 namespace halyard {
 namespace {
 
-struct Call {
-  DISPID id;
-  WORD flags;
-  const DISPPARAMS& params;
-  VARIANT* result;
-  EXCEPINFO* exception;
-  UINT* bad_argument;
-};
-
-bool ReadsDefaultValue(const Call& call) noexcept {
+bool ReadsDefaultValue(const LateCall& call) noexcept {
   return call.id == DISPID_VALUE && (call.flags & DISPATCH_PROPERTYGET) != 0 && call.params.cArgs == 0;
 }
 
 HRESULT ReturnEnumerator(const DispatchTarget& target, const InterfaceInformation& information,
-                         const Call& call) {
+                         const LateCall& call) {
   Ptr<IEnumVARIANT> items = EnumerateItems(target.object, information);
   if (!items) return DISP_E_MEMBERNOTFOUND;
   VARIANT& result = Out(call.result);
@@ -35,7 +27,7 @@ HRESULT ReturnEnumerator(const DispatchTarget& target, const InterfaceInformatio
 }
 
 HRESULT CallOperation(const DispatchTarget& target, const InterfaceInformation& information,
-                      const Call& call) {
+                      const LateCall& call) {
   const Operation* operation = information.Find(call.id, call.flags);
   if (operation == nullptr) return DISP_E_MEMBERNOTFOUND;
   // Surplus arguments of a get go to the default member of what it answers.
@@ -82,8 +74,9 @@ HRESULT DispatchIdsOfNames(const DispatchTarget& target, LPOLESTR* names, UINT c
 HRESULT DispatchInvoke(const DispatchTarget& target, DISPID id, LCID locale, WORD flags, DISPPARAMS* params,
                        VARIANT* result, EXCEPINFO* exception, UINT* bad_argument) noexcept {
   return Guarded(target.class_name, "Invoke", [&] {
-    const Call call{id, flags, Out(params), result, exception, bad_argument};
+    const LateCall call{id, flags, Out(params), result, exception, bad_argument};
     if (ReadsDefaultValue(call)) return target.default_value(target.object, &Out(result));
+    if (const auto made = CallItem(target, call)) return *made;
     const InterfaceInformation& information = InformationOf(target.iid, locale);
     if (id == DISPID_NEWENUM) return ReturnEnumerator(target, information, call);
     return CallOperation(target, information, call);
