@@ -25,8 +25,7 @@ run_script_workload() {
   need windows-run
   build_preset win64 halyard || return 1
   step "make a Wine prefix"
-  new_wine_prefix || return 1
-  logged register "${in_wine[@]}" timeout 60 wine regsvr32 /s "$(windows_path build/win64/halyard.dll)" || return 1
+  new_wine_prefix && register_component || return 1
   step "run W7, $rounds times"
   describe_machine
   "${in_wine[@]}" timeout 600 wine cscript //nologo bench/scripts/member_access.vbs "$rounds" "$calls" 2>&1 |
