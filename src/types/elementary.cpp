@@ -7,23 +7,15 @@
 
 #include "halyard/object/variant.h"
 #include "platform/text.h"
+#include "types/number_fields.h"
 #include "types/packed_date.h"
 #include "types/type_names.h"
 
 namespace halyard {
 namespace {
 
-template <class N>
-N Load(const unsigned char* bytes) noexcept {
-  N value;
-  std::memcpy(&value, bytes, sizeof value);
-  return value;
-}
-
-template <class N>
-void Store(unsigned char* bytes, N value) noexcept {
-  std::memcpy(bytes, &value, sizeof value);
-}
+using detail::LoadField;
+using detail::StoreField;
 
 // Gives the variant another type, freeing what it held.
 VARIANT& Retype(VARIANT& variant, VARTYPE type) {
@@ -88,24 +80,24 @@ void StoreConverted(const VARIANT& value, SHORT type, unsigned char* bytes, std:
       break;
     case kChar:
     case kByte:
-      Store(bytes, value.bVal);
+      StoreField(bytes, value.bVal);
       break;
     case kShort:
     case kWord:
-      Store(bytes, value.iVal);
+      StoreField(bytes, value.iVal);
       break;
     case kLong:
     case kDWord:
-      Store(bytes, value.lVal);
+      StoreField(bytes, value.lVal);
       break;
     case kInt64:
-      Store(bytes, static_cast<std::int64_t>(value.lVal));
+      StoreField(bytes, static_cast<std::int64_t>(value.lVal));
       break;
     case kShortReal:
-      Store(bytes, value.fltVal);
+      StoreField(bytes, value.fltVal);
       break;
     case kReal:
-      Store(bytes, value.dblVal);
+      StoreField(bytes, value.dblVal);
       break;
     default:
       break;
@@ -114,7 +106,7 @@ void StoreConverted(const VARIANT& value, SHORT type, unsigned char* bytes, std:
 
 void StoreDate(VARIANT& variant, unsigned char* bytes) {
   if (variant.vt != VT_DATE) Check(VariantChangeType(&variant, &variant, 0, VT_DATE));
-  Store(bytes, PackedFromDate(variant.date));
+  StoreField(bytes, PackedFromDate(variant.date));
 }
 
 }  // namespace
@@ -160,21 +152,21 @@ bool ReadElementary(std::span<const unsigned char> bytes, SHORT type, VARIANT& v
       return true;
     case kShort:
     case kWord:
-      AssignShort(variant, Load<SHORT>(bytes.data()));
+      AssignShort(variant, LoadField<SHORT>(bytes.data()));
       return true;
     case kLong:
     case kDWord:
     case kInt64:
-      AssignLong(variant, Load<LONG>(bytes.data()));
+      AssignLong(variant, LoadField<LONG>(bytes.data()));
       return true;
     case kShortReal:
-      Retype(variant, VT_R4).fltVal = Load<float>(bytes.data());
+      Retype(variant, VT_R4).fltVal = LoadField<float>(bytes.data());
       return true;
     case kReal:
-      AssignReal(variant, Load<double>(bytes.data()));
+      AssignReal(variant, LoadField<double>(bytes.data()));
       return true;
     case kDate:
-      Retype(variant, VT_DATE).date = DateFromPacked(Load<PackedDate>(bytes.data()));
+      Retype(variant, VT_DATE).date = DateFromPacked(LoadField<PackedDate>(bytes.data()));
       return true;
     default:
       return false;

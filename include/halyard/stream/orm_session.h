@@ -1,6 +1,6 @@
 // IOrmSession: the definitions that belong to one stream of units, found by type code
 // and id, or a structure by its name. Files share their session with the units that
-// they read and with clients. Keys are read from the definitions at each look-up.
+// they read and with clients. A key that a client changes counts from then on.
 #pragma once
 
 #include "halyard/object/interface_id.h"
