@@ -3,9 +3,15 @@
 
 wine_prefix="$PWD/build/wine"
 
+# Wine needs a page at 0x7ffe0000 and its loader begins at 0x7d000000. The system puts a
+# program's heap at a random place up to 1 GiB above it, so one start in some thousands
+# finds the page taken and ends without a word. Where addresses can be kept in place, they are.
+in_place=()
+if setarch --addr-no-randomize true 2>/dev/null; then in_place=(setarch --addr-no-randomize); fi
+
 # What a command is led by to run with that prefix, without a display (message boxes have
 # nowhere to appear) and with the code page that files are written in.
-in_wine=(env -u DISPLAY -u WAYLAND_DISPLAY LC_ALL=C.UTF-8 "WINEPREFIX=$wine_prefix" WINEDEBUG=-all
+in_wine=("${in_place[@]}" env -u DISPLAY -u WAYLAND_DISPLAY LC_ALL=C.UTF-8 "WINEPREFIX=$wine_prefix" WINEDEBUG=-all
   "WINEDLLOVERRIDES=mscoree=;mshtml=;winemenubuilder.exe=")
 
 # Makes the prefix anew.
