@@ -20,7 +20,9 @@ for preset in native native-asan; do
         glance_at_speed
         ;;
       native-asan)
-        counting_suite "$preset hostile inputs" build/native-asan/tests/fuzz/halyard_replay \
+        counting_suite "$preset hostile inputs" build/native-asan/tests/fuzz/halyard_replay library \
+          tests/fuzz/seeds tests/golden/hostile
+        counting_suite "$preset hostile tables" build/native-asan/tests/fuzz/halyard_replay csv \
           tests/fuzz/seeds tests/golden/hostile
         ;;
     esac

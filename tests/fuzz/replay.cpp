@@ -1,10 +1,12 @@
-// halyard_replay FOLDER...: runs the kept inputs, each FOLDER having one folder per target,
-// and prints "N passed, N failed". A broken promise or a report of the sanitizers ends it.
+// halyard_replay TARGET|library FOLDER...: runs the kept inputs of one target, or of all that
+// are of the library, each FOLDER having one folder per target, and prints "N passed, N
+// failed". A broken promise or a report of the sanitizers ends it.
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <string_view>
 #include <vector>
 
 #include "halyard/object/live_objects.h"
@@ -38,10 +40,12 @@ bool Replay(const TargetRow& target, const std::filesystem::path& path) {
 int main(int argc, char** argv) {
   using namespace halyard;
   SetMessageHandler([](const char*, const char*) {});
+  const std::string_view wanted = argc > 1 ? argv[1] : "";
   int passed = 0;
   int failed = 0;
-  for (int i = 1; i < argc; ++i) {
+  for (int i = 2; i < argc; ++i) {
     for (const fuzz::TargetRow& target : fuzz::Targets()) {
+      if (wanted != target.name && (wanted != "library" || target.is_of_tool)) continue;
       for (const auto& path : fuzz::FilesIn(std::filesystem::path(argv[i]) / target.name)) {
         ++(fuzz::Replay(target, path) ? passed : failed);
       }

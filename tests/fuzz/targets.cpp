@@ -4,8 +4,8 @@ namespace halyard::fuzz {
 namespace {
 
 constexpr TargetRow kTargets[] = {
-    {"file", FileTarget},   {"unit", UnitTarget}, {"definition", DefinitionTarget},
-    {"value", ValueTarget}, {"path", PathTarget}, {"text", TextTarget},
+    {"file", FileTarget},   {"records", FileTarget}, {"unit", UnitTarget}, {"definition", DefinitionTarget},
+    {"value", ValueTarget}, {"path", PathTarget},    {"text", TextTarget}, {"csv", CsvTarget, true},
 };
 
 }  // namespace

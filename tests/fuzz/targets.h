@@ -27,10 +27,16 @@ void PathTarget(InputBytes input);
 // Text and dates: their forms, and the conversions between them and numbers.
 void TextTarget(InputBytes input);
 
-// One row per target.
+// A table of comma-separated values, imported, exported and imported again by the parts of
+// the tool. The first bytes choose how.
+void CsvTarget(InputBytes input);
+
+// One row per target. Those of the tool want a process without the others, for the form of
+// narrow texts is chosen once for a process.
 struct TargetRow {
   const char* name;
   void (*run)(InputBytes input);
+  bool is_of_tool = false;
 };
 std::span<const TargetRow> Targets() noexcept;
 

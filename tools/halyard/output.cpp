@@ -65,6 +65,10 @@ Output::Output(const std::string& name) : descriptor_(kNoDescriptor), name_(name
   }
 }
 
+Output::Output(int descriptor, std::string name) : descriptor_(descriptor), name_(std::move(name)) {
+  held_.reserve(kHeldBytes);
+}
+
 void Output::OpenBeside() {
   const fs::path target = PathOf(target_);
   for (int attempt = 0; attempt < kLargestAttempt; ++attempt) {

@@ -18,6 +18,9 @@ class Output {
  public:
   // "-" is standard output. Throws Failure where nothing can be written there.
   explicit Output(const std::string& name);
+  // Takes over a descriptor that stands where the bytes go, and closes it at its end; `name`
+  // is for people.
+  Output(int descriptor, std::string name);
   ~Output();
   Output(const Output&) = delete;
   Output& operator=(const Output&) = delete;

@@ -93,4 +93,17 @@ void TableExport::Value(const std::string& file, const Record& record, const Dec
   }
 }
 
+ExitCode ExportTable(const std::string& file, const Selection& selection, const TableOptions& options,
+                     const std::vector<std::string>& members, Output& output, bool shows_progress) {
+  TableExport table(output, options, members);
+  ValueHandlers handlers;
+  handlers.definition = [&](const DefinitionPtr& definition) {
+    table.Definition(definition, selection.HasDefinition(*definition));
+  };
+  handlers.value = [&](const Record& record, const DecodedUnit& unit) { table.Value(file, record, unit); };
+  const ExitCode code = ReadValues(file, selection, shows_progress, handlers);
+  table.Finish();
+  return code;
+}
+
 }  // namespace halyard::tool

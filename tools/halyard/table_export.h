@@ -11,6 +11,7 @@
 #include "tools/halyard/record_reader.h"
 #include "tools/halyard/table_notes.h"
 #include "tools/halyard/table_options.h"
+#include "tools/halyard/value_stream.h"
 
 namespace halyard::tool {
 
@@ -43,5 +44,10 @@ class TableExport {
   std::vector<MemberPath> paths_;
   std::vector<ColumnForm> forms_;
 };
+
+// Writes the chosen values of a file as a table; what it answers and throws, ReadValues
+// and TableExport do. The output is not finished.
+ExitCode ExportTable(const std::string& file, const Selection& selection, const TableOptions& options,
+                     const std::vector<std::string>& members, Output& output, bool shows_progress);
 
 }  // namespace halyard::tool

@@ -2,8 +2,6 @@
 
 #include <fmt/format.h>
 
-#include "tools/halyard/remark.h"
-
 namespace halyard::tool {
 
 void TableGuess::Begin(const std::vector<std::string>& columns, const CsvReader& reader) {
@@ -19,12 +17,13 @@ void TableGuess::Row(const CsvRow& row, const CsvReader& reader) {
   for (std::size_t i = 0; i < row.size(); ++i) guesses_[i].Take(row[i]);
 }
 
-std::vector<ColumnType> TableGuess::Types(const std::string& table) {
+std::vector<ColumnType> TableGuess::Types(const std::string& table,
+                                          const std::function<void(const std::string&)>& remark) {
   std::vector<ColumnType> types;
   for (std::size_t i = 0; i < guesses_.size(); ++i) {
     ColumnType type = guesses_[i].Result();
     if (!forced_.Apply(columns_[i], type) && !type.remark.empty()) {
-      Remark(fmt::format("{}: column {}: {}; --type '{}=Real' and the like decide otherwise", table,
+      remark(fmt::format("{}: column {}: {}; --type '{}=Real' and the like decide otherwise", table,
                          columns_[i], type.remark, columns_[i]));
     }
     types.push_back(std::move(type));

@@ -1,6 +1,7 @@
 // Looks at the rows of a table and finds the types of its columns.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -28,8 +29,10 @@ class TableGuess {
   // Whether the table ends its lines with a line feed alone.
   [[nodiscard]] bool has_bare_line_feeds() const noexcept { return has_bare_line_feeds_; }
 
-  // The types of the columns, with remarks about those that people may want otherwise.
-  std::vector<ColumnType> Types(const std::string& table);
+  // The types of the columns; `remark` gets a sentence about each that people may want
+  // otherwise. `table` is what the table is called there.
+  std::vector<ColumnType> Types(const std::string& table,
+                                const std::function<void(const std::string&)>& remark);
 
  private:
   ForcedTypes forced_;

@@ -21,20 +21,6 @@ struct Options {
   std::string number_type;
 };
 
-ExitCode ExportTable(const Options& options, Output& output, bool shows_progress) {
-  TableExport table(output, options.table, options.members);
-  ValueHandlers handlers;
-  handlers.definition = [&](const DefinitionPtr& definition) {
-    table.Definition(definition, options.selection.HasDefinition(*definition));
-  };
-  handlers.value = [&](const Record& record, const DecodedUnit& unit) {
-    table.Value(options.file, record, unit);
-  };
-  const ExitCode code = ReadValues(options.file, options.selection, shows_progress, handlers);
-  table.Finish();
-  return code;
-}
-
 ExitCode ExportNumbers(const Options& options, Output& output, bool shows_progress) {
   NumberExport numbers(output, options.members, options.number_type);
   ValueHandlers handlers;
@@ -52,8 +38,10 @@ ExitCode Run(const Options& options) {
   }
   Output output(options.output);
   const bool shows_progress = options.output != kStandardStream || !IsTerminal(kStandardOutput);
-  const ExitCode code = options.number_type.empty() ? ExportTable(options, output, shows_progress)
-                                                    : ExportNumbers(options, output, shows_progress);
+  const ExitCode code = options.number_type.empty()
+                            ? ExportTable(options.file, options.selection, options.table, options.members,
+                                          output, shows_progress)
+                            : ExportNumbers(options, output, shows_progress);
   output.Finish();
   return code;
 }
