@@ -5,7 +5,7 @@
 
 windows_programs=build/win64/tests
 windows_targets=(halyard halyard_conformance_tests halyard_server_tests halyard_message_tests halyard_exchange
-  halyard_differential halyard_tool)
+  halyard_tool "${differential_programs[@]}")
 
 # The tests of the command-line tool whose subject is the tool and not the shell, the
 # terminal or the limits that this system sets. Sixty thousand definitions take a minute
@@ -27,12 +27,13 @@ registered_suites() {
   gtest_suite "win64 conformance" "${in_wine[@]}" wine "$windows_programs/halyard_conformance_tests.exe"
   show_lines "win64 conformance" 'lock count'
   counting_suite "win64 scripts" "${in_wine[@]}" tests/scripts/run.sh
-  if build_preset native halyard_exchange halyard_differential halyard_tool_tests; then
+  if build_preset native halyard_exchange halyard_tool_tests "${differential_programs[@]}"; then
     gtest_suite "win64 tool" "${in_wine[@]}" env "HALYARD_TOOL=wine $PWD/build/win64/bin/halyard.exe" \
       build/native/tests/tools/halyard_tool_tests "--gtest_filter=$windows_bad_input:$windows_tool_tests"
     counting_suite "files of both platforms" "${in_wine[@]}" tests/exchange/run.sh \
       build/native/tests/exchange/halyard_exchange "$windows_programs/exchange/halyard_exchange.exe"
     differential_suite
+    hostile_differential_suite
   else
     broken_suite "files of both platforms"
   fi

@@ -1,9 +1,10 @@
-# differential [FIRST [COUNT]]  run random programs, from seed FIRST on, on both platforms and compare
+# differential [FIRST [COUNT]]  run COUNT random programs and hostile streams, from seed FIRST on, on both platforms
 
 need windows-run
-build_preset native halyard_differential && build_preset win64 halyard halyard_differential
+build_preset native "${differential_programs[@]}" && build_preset win64 halyard "${differential_programs[@]}"
 step "make a Wine prefix"
 new_wine_prefix && register_component
 differential_suite "$@"
+hostile_differential_suite "$@"
 end_wine
 close_suites

@@ -1,12 +1,14 @@
 #!/usr/bin/env bash
-# run.sh NATIVE_PROGRAM WINDOWS_PROGRAM [FIRST_SEED [COUNT]]: runs the same random programs
-# on both platforms and compares what they print. For a difference it shows the program's
-# seed and its lines. The last line printed is "N passed, N failed", counting programs.
+# run.sh NATIVE_PROGRAM WINDOWS_PROGRAM FIRST_SEED COUNT [ARGUMENT...]: runs the same random
+# programs on both platforms, with the further arguments, and compares what they print. For
+# a difference it shows the program's seed and its lines. The last line printed is
+# "N passed, N failed", counting programs.
 set -u
 native="$(readlink -f "$1")"
 windows="$(readlink -f "$2")"
-first="${3:-1}"
-count="${4:-3000}"
+first="$3"
+count="$4"
+arguments=("${@:5}")
 work="$(mktemp -d)"
 trap 'rm -rf "$work"' EXIT
 
@@ -16,11 +18,11 @@ runs=()
 for ((from = first; from < first + count; from += share)); do
   of=$((first + count - from < share ? first + count - from : share))
   mkdir "$work/there$from"
-  (cd "$work/there$from" && wine "$windows" "$from" "$of" | tr -d '\r' >text; exit "${PIPESTATUS[0]}") &
+  (cd "$work/there$from" && wine "$windows" "$from" "$of" "${arguments[@]}" | tr -d '\r' >text; exit "${PIPESTATUS[0]}") &
   runs+=("$!")
 done
 mkdir "$work/here"
-(cd "$work/here" && "$native" "$first" "$count" >../here.txt)
+(cd "$work/here" && "$native" "$first" "$count" "${arguments[@]}" >../here.txt)
 here=$?
 there=0
 for run in "${runs[@]}"; do

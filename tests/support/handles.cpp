@@ -48,6 +48,11 @@ Bytes ReadHandle(LONG handle, std::size_t size) {
   return bytes;
 }
 
+long long PositionOf(LONG handle) {
+  LARGE_INTEGER place{};
+  return SetFilePointerEx(HandleOf(handle), {}, &place, FILE_CURRENT) ? place.QuadPart : -1;
+}
+
 bool IsOpen(LONG handle) {
   DWORD flags = 0;
   return GetHandleInformation(HandleOf(handle), &flags) != FALSE;
@@ -92,6 +97,8 @@ Bytes ReadHandle(LONG handle, std::size_t size) {
   bytes.resize(count < 0 ? 0 : static_cast<std::size_t>(count));
   return bytes;
 }
+
+long long PositionOf(LONG handle) { return lseek(handle, 0, SEEK_CUR); }
 
 bool IsOpen(LONG handle) { return fcntl(handle, F_GETFD) != -1; }
 

@@ -31,6 +31,9 @@ void WriteHandle(LONG handle, const Bytes& bytes);
 // The next `size` bytes from where the handle stands; fewer at the end.
 Bytes ReadHandle(LONG handle, std::size_t size);
 
+// Where a handle of a file stands, in bytes from the beginning; -1 where it has no place.
+long long PositionOf(LONG handle);
+
 bool IsOpen(LONG handle);
 void CloseHandleValue(LONG handle);
 
