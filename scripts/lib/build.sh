@@ -28,6 +28,7 @@ need_preset() {
     native | native-asan) need native ;;
     bench) need bench ;;
     fuzz) need native clang ;;
+    coverage) need native clang coverage ;;
     win32 | win64) need windows-build ;;
     *)
       complain "there is no preset '$1'"

@@ -10,6 +10,7 @@ declare -A kit_packages=(
   [windows-run]="wine wine64 xvfb xauth"
   [package]="zip"
   [clang]="clang libclang-rt-14-dev"
+  [coverage]="llvm"
   [format]="clang-format git"
   [valgrind]="valgrind libc6-dbg"
 )
@@ -21,6 +22,7 @@ declare -A kit_programs=(
   [windows-run]="wine wineserver xvfb-run"
   [package]="zip"
   [clang]="clang++"
+  [coverage]="llvm-cov llvm-profdata"
   [format]="clang-format git"
   [valgrind]="valgrind"
 )

@@ -1,16 +1,23 @@
 # fuzz [TARGET|all [SECONDS]]  feed the readers with inputs that a fuzzer makes up (60 seconds each)
+# fuzz coverage             the lines of the library that the inputs kept so far reach
 
 target="${1:-all}"
 seconds="${2:-60}"
 need clang
-build_preset fuzz
 source scripts/lib/fuzz.sh
-if [[ "$target" == all ]]; then
-  fuzz_targets=($(all_fuzz_targets))
+if [[ "$target" == coverage ]]; then
+  build_preset coverage halyard_replay
+  rm -rf build/coverage/notes
+  for target in $(kept_fuzz_targets); do
+    coverage_suite "$target"
+  done
+  total_coverage
 else
+  build_preset fuzz
   fuzz_targets=("$target")
+  [[ "$target" == all ]] && fuzz_targets=($(all_fuzz_targets))
+  for target in "${fuzz_targets[@]}"; do
+    fuzz_suite "$target" "$seconds"
+  done
 fi
-for target in "${fuzz_targets[@]}"; do
-  fuzz_suite "$target" "$seconds"
-done
 close_suites

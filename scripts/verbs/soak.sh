@@ -1,31 +1,66 @@
-# soak [FUZZ_SECONDS]      the long forms of the checks: load, kills, random programs, fuzzing (hours)
+# soak [short|long]        every check in its long form (hours, unless short is asked for: minutes)
 
-fuzz_seconds="${1:-1200}"
-soak_programs=50000
-soak_first_seed=1000000
+form="${1:-long}"
+case "$form" in
+  long)
+    load=full
+    kills=1000
+    random_programs=50000
+    fuzz_seconds=1200
+    ;;
+  short)
+    load=short
+    kills=20
+    random_programs=300
+    fuzz_seconds=5
+    ;;
+  *)
+    complain "the forms are 'short' and 'long'"
+    exit 2
+    ;;
+esac
+# Seeds that the everyday tests do not come to.
+first_seed=1000000
 suite_minutes=600
 
-need windows-run valgrind
-source scripts/lib/fuzz.sh
-build_preset native halyard_conformance_tests halyard_failure_tests halyard_load_tests halyard_differential
-gtest_suite "load in full" env HALYARD_LOAD=full build/native/tests/load/halyard_load_tests
-gtest_suite "a thousand kills" env HALYARD_KILLS=1000 build/native/tests/failures/halyard_failure_tests \
-  --gtest_filter='KilledWriter.*'
-gtest_suite "conformance under valgrind" valgrind --quiet --error-exitcode=1 --leak-check=full \
-  build/native/tests/halyard_conformance_tests
+# The checks of this machine.
+soak_native() {
+  if ! build_preset native halyard_conformance_tests halyard_failure_tests halyard_load_tests; then
+    broken_suite "native build"
+    return
+  fi
+  gtest_suite "load" env "HALYARD_LOAD=$load" build/native/tests/load/halyard_load_tests
+  gtest_suite "kills" env "HALYARD_KILLS=$kills" build/native/tests/failures/halyard_failure_tests \
+    --gtest_filter='KilledWriter.*'
+  gtest_suite "conformance under valgrind" valgrind --quiet --error-exitcode=1 --leak-check=full \
+    build/native/tests/halyard_conformance_tests
+}
 
-if build_preset win64 halyard halyard_differential && new_wine_prefix && register_component; then
-  differential_suite "$soak_first_seed" "$soak_programs"
-else
-  broken_suite "random programs on both platforms"
-fi
-end_wine
+# Random programs and hostile streams, here and in Wine: the streams that are kept, then new ones.
+soak_both_platforms() {
+  if build_preset native "${differential_programs[@]}" && build_preset win64 halyard "${differential_programs[@]}" &&
+    new_wine_prefix && register_component; then
+    differential_suite "$first_seed" "$random_programs"
+    hostile_differential_suite 1 "$random_programs"
+  else
+    broken_suite "both platforms"
+  fi
+  end_wine
+}
 
-if build_preset fuzz; then
+soak_fuzzing() {
+  if ! build_preset fuzz; then
+    broken_suite "fuzz build"
+    return
+  fi
   for target in $(all_fuzz_targets); do
     fuzz_suite "$target" "$fuzz_seconds"
   done
-else
-  broken_suite "fuzz build"
-fi
+}
+
+need windows-run valgrind
+source scripts/lib/fuzz.sh
+soak_native
+soak_both_platforms
+soak_fuzzing
 close_suites

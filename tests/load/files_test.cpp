@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <cstdio>
+
 #include "tests/load/held_memory.h"
 #include "tests/load/size_of_run.h"
 #include "tests/support/composites.h"
@@ -15,6 +17,13 @@ namespace {
 constexpr std::size_t kSlack = 16 << 20;
 
 constexpr std::size_t kNumbers = 1 << 17;  // a record of 1 MiB
+
+constexpr int kLooks = 10;  // at memory and descriptors, in a long run
+
+// A line for whoever reads the log of a long run.
+void Tell(long long done, const char* what) {
+  std::printf("%lld %s: %zu bytes of memory, %zu descriptors\n", done, what, HeldMemory(), OpenDescriptors());
+}
 
 // A numbered array of Reals, id 1.
 Ptr<IArrayDef> BigDefinition() { return SimpleArrayDefinition(kReal, 0, 1); }
@@ -52,14 +61,18 @@ TEST(Load, LongFileTakesFlatMemory) {
   ASSERT_TRUE(OpenForWrite(file, place.name()));
   WriteBig(file, 2);
   const std::size_t writing = HeldMemory();
+  Tell(2, "records written");
   WriteBig(file, records);
+  Tell(2 + records, "records written");
   EXPECT_LT(HeldMemory(), writing + kSlack);
   EXPECT_EQ(file->Close(), S_OK);
 
   ASSERT_TRUE(OpenForRead(file, place.name()));
   ReadBig(file, 2);
   const std::size_t reading = HeldMemory();
+  Tell(2, "records read");
   ReadBig(file, records);
+  Tell(2 + records, "records read");
   EXPECT_LT(HeldMemory(), reading + kSlack);
 }
 
@@ -101,9 +114,14 @@ TEST(Load, ManyFilesLeaveNothingBehind) {
   for (int i = 0; i < 100; ++i) round();
   const std::size_t memory = HeldMemory();
   const std::size_t descriptors = OpenDescriptors();
-  for (int i = 0; i < files && !HasFatalFailure(); ++i) round();
-  EXPECT_LT(HeldMemory(), memory + kSlack / 8);
-  EXPECT_EQ(OpenDescriptors(), descriptors);
+  Tell(0, "files");
+  for (int i = 1; i <= files && !HasFatalFailure(); ++i) {
+    round();
+    if (i % (files / kLooks) != 0) continue;
+    Tell(i, "files");
+    ASSERT_LT(HeldMemory(), memory + kSlack / 8);
+    ASSERT_EQ(OpenDescriptors(), descriptors);
+  }
 }
 
 }  // namespace
