@@ -1,4 +1,4 @@
-# differential [FIRST [COUNT]]  run COUNT random programs and hostile streams, from seed FIRST on, on both platforms
+# differential [FIRST [N]]  run N random programs and hostile streams, from seed FIRST on, on both platforms; compare
 
 need windows-run
 build_preset native "${differential_programs[@]}" && build_preset win64 halyard "${differential_programs[@]}"

@@ -1,5 +1,4 @@
-# fuzz [TARGET|all [SECONDS]]  feed the readers with inputs that a fuzzer makes up (60 seconds each)
-# fuzz coverage             the lines of the library that the inputs kept so far reach
+# fuzz [TARGET|all [SECONDS]]  feed the readers with made-up inputs (60 seconds each); fuzz coverage: lines they reach
 
 target="${1:-all}"
 seconds="${2:-60}"
