@@ -67,9 +67,10 @@ HRESULT ArrayInfo::get_PacketSize(ULONG* pdwSize) {
 
 HRESULT ArrayInfo::CreateDataObject(IValueBase** ppResult) {
   return Call("CreateDataObject", [&] {
-    Out(ppResult) = nullptr;
-    const SHORT element_type = TypeOf(ElementDefinition());
-    HandOut(ppResult, CreateValueOf(this, ValueClass(element_type, layout_.element_count)));
+    HandOut(ppResult, [&] {
+      const SHORT element_type = TypeOf(ElementDefinition());
+      return CreateValueOf(this, ValueClass(element_type, layout_.element_count));
+    });
   });
 }
 
@@ -131,7 +132,8 @@ HRESULT ArrayInfo::put_ElementCount(LONG nCount) {
 }
 
 HRESULT ArrayInfo::get_DataTypeString(BSTR* psType) {
-  return Call("DataTypeString", [&] { HandOut(psType, TypeCodeNameText(TypeOf(ElementDefinition()))); });
+  return Call("DataTypeString",
+              [&] { HandOut(psType, [&] { return TypeCodeNameText(TypeOf(ElementDefinition())); }); });
 }
 
 Ptr<IValueDefBase> ArrayInfo::ElementDefinition() const {

@@ -21,7 +21,7 @@ class CompositeDefinition : public DefinitionObject<T, Interfaces..., IKeyedDefi
   }
 
   HRESULT STDMETHODCALLTYPE get_Name(BSTR* psName) override {
-    return this->Call("Name", [&] { HandOut(psName, identity_.NewName()); });
+    return this->Call("Name", [&] { HandOut(psName, [&] { return identity_.NewName(); }); });
   }
 
   HRESULT STDMETHODCALLTYPE put_Name(BSTR sName) override {

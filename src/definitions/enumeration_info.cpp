@@ -37,10 +37,8 @@ HRESULT EnumerationInfo::get_PacketSize(ULONG* pdwSize) {
 }
 
 HRESULT EnumerationInfo::CreateDataObject(IValueBase** ppResult) {
-  return Call("CreateDataObject", [&] {
-    Out(ppResult) = nullptr;
-    HandOut(ppResult, CreateValueOf(this, kEnumerationClass));
-  });
+  return Call("CreateDataObject",
+              [&] { HandOut(ppResult, [&] { return CreateValueOf(this, kEnumerationClass); }); });
 }
 
 HRESULT EnumerationInfo::get_ElementCount(LONG* pnCount) {
@@ -48,10 +46,8 @@ HRESULT EnumerationInfo::get_ElementCount(LONG* pnCount) {
 }
 
 HRESULT EnumerationInfo::get_ElementName(LONG nIndex, BSTR* psName) {
-  return Call("ElementName", [&] {
-    Out(psName) = nullptr;
-    HandOut(psName, ElementAt(PositionOf(nIndex)).name.NewCopy());
-  });
+  return Call("ElementName",
+              [&] { HandOut(psName, [&] { return ElementAt(PositionOf(nIndex)).name.NewCopy(); }); });
 }
 
 HRESULT EnumerationInfo::put_ElementName(LONG nIndex, BSTR sName) {
@@ -96,7 +92,7 @@ HRESULT EnumerationInfo::RemoveAll() {
 }
 
 HRESULT EnumerationInfo::get_DataTypeString(BSTR* psType) {
-  return Call("DataTypeString", [&] { HandOut(psType, TypeCodeNameText(data_type_)); });
+  return Call("DataTypeString", [&] { HandOut(psType, [&] { return TypeCodeNameText(data_type_); }); });
 }
 
 bool EnumerationInfo::Decode(ReadCursor& cursor) {

@@ -19,6 +19,14 @@ bool HasFieldSize(SHORT type) noexcept { return type == kFixedString || type == 
 // Dates and fields of fixed length travel without a range.
 bool CarriesValidation(SHORT type) noexcept { return type == kString || (type >= kChar && type <= kReal); }
 
+// A bound as a client gives it, without a reference. Not every platform looks whether one
+// leads anywhere.
+Variant FollowedBound(const VARIANT& value) {
+  if ((value.vt & VT_BYREF) != 0 && value.byref == nullptr)
+    throw Error(E_INVALIDARG, "the bound is a reference that leads nowhere");
+  return Variant::Followed(value);
+}
+
 // The low bytes of a bound, converted to the variant type of `type`.
 bool PutBound(WriteCursor& cursor, const Variant& bound, SHORT type) {
   const std::uint16_t size = ElementarySize(type);
@@ -60,7 +68,7 @@ HRESULT SimpleValueInfo::get_Id(SHORT* pnId) {
 HRESULT SimpleValueInfo::put_Id(SHORT) { return S_OK; }
 
 HRESULT SimpleValueInfo::get_Name(BSTR* psName) {
-  return Call("Name", [&] { HandOut(psName, NewEmptyText()); });
+  return Call("Name", [&] { HandOut(psName, [&] { return NewEmptyText(); }); });
 }
 
 HRESULT SimpleValueInfo::put_Name(BSTR) { return S_OK; }
@@ -92,26 +100,24 @@ HRESULT SimpleValueInfo::get_PacketSize(ULONG* pdwSize) {
 }
 
 HRESULT SimpleValueInfo::CreateDataObject(IValueBase** ppResult) {
-  return Call("CreateDataObject", [&] {
-    Out(ppResult) = nullptr;
-    HandOut(ppResult, CreateValueOf(this, kSimpleValueClass));
-  });
+  return Call("CreateDataObject",
+              [&] { HandOut(ppResult, [&] { return CreateValueOf(this, kSimpleValueClass); }); });
 }
 
 HRESULT SimpleValueInfo::get_MinValue(VARIANT* pvMin) {
-  return Call("MinValue", [&] { HandOut(pvMin, Variant::CopyOf(min_value_.get())); });
+  return Call("MinValue", [&] { HandOut(pvMin, [&] { return Variant::CopyOf(min_value_.get()); }); });
 }
 
 HRESULT SimpleValueInfo::put_MinValue(VARIANT vMin) {
-  return Call("MinValue", [&] { min_value_ = Variant::Followed(vMin); });
+  return Call("MinValue", [&] { min_value_ = FollowedBound(vMin); });
 }
 
 HRESULT SimpleValueInfo::get_MaxValue(VARIANT* pvMax) {
-  return Call("MaxValue", [&] { HandOut(pvMax, Variant::CopyOf(max_value_.get())); });
+  return Call("MaxValue", [&] { HandOut(pvMax, [&] { return Variant::CopyOf(max_value_.get()); }); });
 }
 
 HRESULT SimpleValueInfo::put_MaxValue(VARIANT vMax) {
-  return Call("MaxValue", [&] { max_value_ = Variant::Followed(vMax); });
+  return Call("MaxValue", [&] { max_value_ = FollowedBound(vMax); });
 }
 
 HRESULT SimpleValueInfo::get_Validation(VARIANT_BOOL* pbValidation) {
@@ -124,7 +130,7 @@ HRESULT SimpleValueInfo::put_Validation(VARIANT_BOOL bValidation) {
 }
 
 HRESULT SimpleValueInfo::get_ValidationScript(BSTR* psScript) {
-  return Call("ValidationScript", [&] { HandOut(psScript, script_.NewCopy()); });
+  return Call("ValidationScript", [&] { HandOut(psScript, [&] { return script_.NewCopy(); }); });
 }
 
 HRESULT SimpleValueInfo::put_ValidationScript(BSTR sScript) {

@@ -88,7 +88,7 @@ HRESULT StructureInfo::CalculateDataSize(ULONG* pdwSize) {
 
 HRESULT StructureInfo::CreateDataObject(IValueBase** ppResult) {
   return Call("CreateDataObject", [&] {
-    Out(ppResult) = nullptr;
+    EmptyOut(ppResult);
     *ppResult = CreateValueOf(this, layout_.fixed ? kSimpleFixedStructureClass : kStructureClass).Detach();
   });
 }
@@ -99,7 +99,7 @@ HRESULT StructureInfo::get_MemberName(LONG nIndex, BSTR* psName) {
   return Call("MemberName", [&] {
     if (psName == nullptr) return;
     *psName = nullptr;
-    HandOut(psName, MemberAt(nIndex).name.NewCopy());
+    HandOut(psName, [&] { return MemberAt(nIndex).name.NewCopy(); });
   });
 }
 
@@ -112,7 +112,7 @@ HRESULT StructureInfo::put_MemberName(LONG nIndex, BSTR sName) {
 
 HRESULT StructureInfo::get_Members(VARIANT vIndex, IValueDefBase** ppDef) {
   return Call("Members", [&] {
-    Out(ppDef) = nullptr;
+    EmptyOut(ppDef);
     if (const auto position = FindMember(vIndex)) *ppDef = Ptr(MemberAt(*position).definition).Detach();
   });
 }

@@ -45,12 +45,23 @@ T& Out(T* place) {
 // A truth as the automation boolean of a result.
 inline VARIANT_BOOL ToResult(bool value) noexcept { return value ? VARIANT_TRUE : VARIANT_FALSE; }
 
-// Hands what `owner` holds to the caller through a required out argument. The place is
-// checked first, so nothing is lost where there is none.
-template <class T, class Owner>
-void HandOut(T* place, Owner owner) {
-  T& out = Out(place);
-  out = owner.Detach();
+// The same, emptied, which is what a caller finds when the call fails.
+template <class T>
+T& EmptyOut(T* place) {
+  return Out(place) = T{};
+}
+
+// Hands to the caller, through a required out argument, what an owner holds: `source` is
+// the owner, or a function that makes it. The place is checked and emptied first, so that
+// nothing is lost where there is none and a caller finds nothing where making fails.
+template <class T, class Source>
+void HandOut(T* place, Source source) {
+  T& out = EmptyOut(place);
+  if constexpr (std::is_invocable_v<Source>) {
+    out = source().Detach();
+  } else {
+    out = source.Detach();
+  }
 }
 
 }  // namespace halyard

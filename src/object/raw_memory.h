@@ -1,4 +1,4 @@
-// Memory for bytes that nobody clears: obtained at a size, given back by its owner.
+// Memory for bytes: obtained at a size, given back by its owner.
 #pragma once
 
 #include <cstdlib>
@@ -13,9 +13,16 @@ struct FreeMemory {
 
 using RawMemory = std::unique_ptr<unsigned char[], FreeMemory>;
 
-// Memory of `size` bytes, aligned for any use. Throws std::bad_alloc.
+// Memory of `size` bytes that nobody clears, aligned for any use. Throws std::bad_alloc.
 inline RawMemory NewRawMemory(std::size_t size) {
   RawMemory memory(static_cast<unsigned char*>(std::malloc(size)));
+  if (!memory) throw std::bad_alloc();
+  return memory;
+}
+
+// The same, all zeros. What is never written takes no room, however large the size is.
+inline RawMemory NewZeroMemory(std::size_t size) {
+  RawMemory memory(static_cast<unsigned char*>(std::calloc(1, size)));
   if (!memory) throw std::bad_alloc();
   return memory;
 }

@@ -164,7 +164,7 @@ HRESULT OrmFile::WriteUnit(IUnit* pData, VARIANT_BOOL* pbResult) {
 
 HRESULT OrmFile::ReadUnit(IUnit** ppData) {
   return Call("ReadUnit", [&] {
-    Out(ppData) = nullptr;
+    EmptyOut(ppData);
     if (own_unit_ == nullptr || !own_unit_->Renew()) {
       SetUnit(nullptr);
       SetUnit(ActivateAs<IUnit>(kUnitClass));
@@ -179,7 +179,7 @@ HRESULT OrmFile::ReadUnit(IUnit** ppData) {
 
 HRESULT OrmFile::ReadData(IValueBase** ppData) {
   return Call("ReadData", [&] {
-    Out(ppData) = nullptr;
+    EmptyOut(ppData);
     Ptr<IUnit> unit;
     Check(ReadUnit(unit.Out()), static_cast<IOrmFile*>(this));
     if (!unit_) return;
@@ -190,7 +190,7 @@ HRESULT OrmFile::ReadData(IValueBase** ppData) {
 
 HRESULT OrmFile::ReadInfo(IValueDefBase** ppData) {
   return Call("ReadInfo", [&] {
-    Out(ppData) = nullptr;
+    EmptyOut(ppData);
     Ptr<IUnit> unit;
     Check(ReadUnit(unit.Out()), static_cast<IOrmFile*>(this));
     if (unit) Check(unit->get_Info(ppData), unit);
@@ -279,10 +279,8 @@ bool OrmFile::WriteReady(const ReadyBody& body) {
     channel_.AddToWaiting(total);
     return true;
   }
-  RecordBuffer record(buffer_.get());
-  unsigned char* bytes = record.Reserve(total);
-  PutReady(bytes, body);
-  return channel_.Write(bytes, total);
+  PutReady(buffer_.get(), body);
+  return channel_.Write(buffer_.get(), total);
 }
 
 bool OrmFile::WriteRecord() {
@@ -293,11 +291,10 @@ bool OrmFile::WriteRecord() {
   if (total > std::numeric_limits<std::uint32_t>::max())
     throw Error(E_OUTOFMEMORY, "the unit is too large for a record");
   RecordBuffer record(buffer_.get());
-  unsigned char* bytes = record.Reserve(total);
-  std::memcpy(bytes, &length, kLengthBytes);
   // Values pass over bytes that they do not interpret, and a unit may use less than it
   // announced: nothing of earlier records goes out there.
-  std::memset(bytes + kLengthBytes, 0, length);
+  unsigned char* bytes = record.ReserveZeros(total);
+  std::memcpy(bytes, &length, kLengthBytes);
   ULONG written = 0;
   VARIANT_BOOL done = VARIANT_FALSE;
   Check(unit->WriteToBuffer(bytes + kLengthBytes, length, &written, &done), unit);

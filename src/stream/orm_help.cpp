@@ -75,7 +75,7 @@ OrmHelp::OrmHelp() {
 
 HRESULT OrmHelp::CreateArray(VARIANT vElementType, IDispatch** ppResult) {
   return Call("CreateArray", [&] {
-    Out(ppResult) = nullptr;
+    EmptyOut(ppResult);
     Ptr<IArrayDef> definition;
     if (vElementType.vt == VT_DISPATCH) {
       const Ptr<IValueDefBase> element = QueryFor<IValueDefBase>(vElementType.pdispVal);
@@ -83,21 +83,22 @@ HRESULT OrmHelp::CreateArray(VARIANT vElementType, IDispatch** ppResult) {
     } else {
       definition = FindPrepared(TypeCodeFromVariant(vElementType));
     }
-    if (definition) HandOut(ppResult, NewArray(definition));
+    if (definition) HandOut(ppResult, [&] { return NewArray(definition); });
   });
 }
 
 HRESULT OrmHelp::CreateShellArray(VARIANT vElementType, USHORT wElementSize, LONG nElemCount,
                                   unsigned char* pDataPointer, ISimpleFixedArray** pResult) {
   return Call("CreateShellArray", [&] {
-    Out(pResult) = nullptr;
+    EmptyOut(pResult);
     const Ptr<IArrayDef> definition = NewArrayDefinition();
     Check(definition->put_DataType(TypeCodeFromVariant(vElementType)), definition);
     Check(definition->put_ElementCount(nElemCount), definition);
     const std::int64_t size = std::int64_t{wElementSize} * nElemCount;
     if (size != Calculate(definition)) return;
     const Ptr<IValueDefBase> shape = QueryFor<IValueDefBase>(definition.get());
-    HandOut(pResult, Ptr<ISimpleFixedArray>(SimpleFixedArray::NewShell(shape.get(), pDataPointer)));
+    HandOut(pResult,
+            [&] { return Ptr<ISimpleFixedArray>(SimpleFixedArray::NewShell(shape.get(), pDataPointer)); });
   });
 }
 

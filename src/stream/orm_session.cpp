@@ -41,7 +41,7 @@ bool HasName(const Ptr<IValueDefBase>& definition, const std::string& name) {
 
 HRESULT OrmSession::GetTypeFromId(VARIANT vtType, SHORT wId, IValueDefBase** ppTypeInfo) {
   return Call("GetTypeFromId", [&] {
-    Out(ppTypeInfo) = nullptr;
+    EmptyOut(ppTypeInfo);
     const SHORT type = TypeCodeFromVariant(vtType);
     if (type == kInvalid) return;
     const std::size_t place = Find(type, wId);
@@ -65,7 +65,7 @@ HRESULT OrmSession::AddType(IValueDefBase* pType, VARIANT_BOOL* pbResult) {
 
 HRESULT OrmSession::GetStructureByName(BSTR szName, IStructureDef** pStruct) {
   return Call("GetStructureByName", [&] {
-    Out(pStruct) = nullptr;
+    EmptyOut(pStruct);
     const std::string name = NarrowToZero(ViewOf(szName));
     for (std::size_t i = 0; i < definitions_.size(); ++i) {
       const Ptr<IValueDefBase> definition = definitions_[i];

@@ -29,10 +29,13 @@ bool ReadWhole(FileChannel& file, unsigned char* bytes, std::uint32_t size) noex
 
 }  // namespace
 
-unsigned char* RecordBuffer::Reserve(std::uint64_t size) {
-  if (size <= kWorkBufferSize) return work_;
+unsigned char* RecordBuffer::ReserveZeros(std::uint64_t size) {
+  if (size <= kWorkBufferSize) {
+    std::memset(work_, 0, static_cast<std::size_t>(size));
+    return work_;
+  }
   if (size > std::numeric_limits<std::size_t>::max()) throw std::bad_alloc();
-  own_ = NewRawMemory(static_cast<std::size_t>(size));
+  own_ = NewZeroMemory(static_cast<std::size_t>(size));
   return own_.get();
 }
 

@@ -17,8 +17,9 @@ class RecordBuffer {
   // Uses `work`, kWorkBufferSize bytes of the caller, as long as that is enough.
   explicit RecordBuffer(unsigned char* work) noexcept : work_(work) {}
 
-  // Room for `size` bytes, which are not cleared. Throws std::bad_alloc.
-  unsigned char* Reserve(std::uint64_t size);
+  // Room for `size` bytes, all zeros. Memory follows what is written there, because the
+  // size is the word of a value that may be a client's. Throws std::bad_alloc.
+  unsigned char* ReserveZeros(std::uint64_t size);
 
   // Reads a record body of `size` bytes from the file; null when the file does not hold
   // that many. Memory grows no further than the file has bytes, whatever `size` says.

@@ -26,12 +26,12 @@ HRESULT Unit::get_Type(SHORT* pnType) {
 }
 
 HRESULT Unit::get_TypeString(BSTR* psType) {
-  return Call("TypeString", [&] { HandOut(psType, TypeCodeNameText(BodyType())); });
+  return Call("TypeString", [&] { HandOut(psType, [&] { return TypeCodeNameText(BodyType()); }); });
 }
 
 HRESULT Unit::get_Value(IValueBase** ppValue) {
   return Call("Value", [&] {
-    Out(ppValue) = nullptr;
+    EmptyOut(ppValue);
     if (kind_ == kDataUnit) *ppValue = ValueForClient().Detach();
   });
 }
@@ -47,7 +47,7 @@ HRESULT Unit::put_Value(IValueBase* pValue) {
 
 HRESULT Unit::get_Info(IValueDefBase** ppInfo) {
   return Call("Info", [&] {
-    Out(ppInfo) = nullptr;
+    EmptyOut(ppInfo);
     if (kind_ == kInfoUnit) *ppInfo = QueryFor<IValueDefBase>(Ptr(info_).get()).Detach();
   });
 }

@@ -19,7 +19,8 @@ class EncodedObject : public Object<T, Interfaces...> {
   }
 
   HRESULT STDMETHODCALLTYPE get_TypeString(BSTR* psType) override {
-    return this->Call("TypeString", [&] { HandOut(psType, TypeCodeNameText(Self().TypeCode())); });
+    return this->Call("TypeString",
+                      [&] { HandOut(psType, [&] { return TypeCodeNameText(Self().TypeCode()); }); });
   }
 
   HRESULT STDMETHODCALLTYPE ReadFromBuffer(unsigned char* pBuffer, ULONG dwBufferSize, ULONG* pdwBytesRead,

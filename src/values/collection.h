@@ -48,7 +48,7 @@ class Collection : public Object<Collection, ICollectionImpl> {
   }
 
   HRESULT STDMETHODCALLTYPE get_TypeString(BSTR* psType) override {
-    return Call("TypeString", [&] { HandOut(psType, TypeCodeNameText(kCollection)); });
+    return Call("TypeString", [&] { HandOut(psType, [&] { return TypeCodeNameText(kCollection); }); });
   }
 
  private:

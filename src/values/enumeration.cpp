@@ -27,7 +27,7 @@ HRESULT Enumeration::get_Item(VARIANT, VARIANT* pvValue) { return get_Value(pvVa
 HRESULT Enumeration::put_Item(VARIANT, VARIANT) { return S_OK; }
 
 HRESULT Enumeration::get_Name(VARIANT, BSTR* psName) {
-  return Call("Name", [&] { HandOut(psName, NewEmptyText()); });
+  return Call("Name", [&] { HandOut(psName, [&] { return NewEmptyText(); }); });
 }
 
 HRESULT Enumeration::get_Count(LONG* pnCount) {
@@ -48,7 +48,7 @@ HRESULT Enumeration::put_Value(VARIANT vValue) {
 
 HRESULT Enumeration::Copy(IValueBase** ppCopy) {
   return Call("Copy", [&] {
-    Out(ppCopy) = nullptr;
+    EmptyOut(ppCopy);
     const Ptr<Enumeration> copy = NewObject<Enumeration>();
     copy->value_ = value_;
     copy->definition_ = definition_;
@@ -57,10 +57,7 @@ HRESULT Enumeration::Copy(IValueBase** ppCopy) {
 }
 
 HRESULT Enumeration::get_Info(IValueDefBase** ppInfo) {
-  return Call("Info", [&] {
-    Out(ppInfo) = nullptr;
-    *ppInfo = QueryFor<IValueDefBase>(Definition().get()).Detach();
-  });
+  return Call("Info", [&] { HandOut(ppInfo, [&] { return QueryFor<IValueDefBase>(Definition().get()); }); });
 }
 
 HRESULT Enumeration::put_Info(IValueDefBase* pInfo) {

@@ -16,7 +16,7 @@ Ptr<IValueBase> SimpleFixedStructure::NewOver(IValueDefBase* definition,
 
 HRESULT SimpleFixedStructure::GetItem(const VARIANT& index, VARIANT* item) noexcept {
   return Call("Item", [&] {
-    Out(item) = VARIANT{};
+    EmptyOut(item);
     const MemberLayout* member = type_.Find(index);
     if (member != nullptr && block_.Holds(*member)) {
       block_.Read(*member, *item);
@@ -39,14 +39,14 @@ HRESULT SimpleFixedStructure::PutItem(const VARIANT& index, const VARIANT& value
 
 HRESULT SimpleFixedStructure::get_At(VARIANT, IValueBase** ppValue) {
   return Call("At", [&] {
-    Out(ppValue) = nullptr;
+    EmptyOut(ppValue);
     throw Error(E_NOTIMPL, "the members of this structure are no objects of their own; use Item");
   });
 }
 
 HRESULT SimpleFixedStructure::Copy(IValueBase** ppCopy) {
   return Call("Copy", [&] {
-    Out(ppCopy) = nullptr;
+    EmptyOut(ppCopy);
     const Ptr<SimpleFixedStructure> copy = NewObject<SimpleFixedStructure>();
     copy->type_ = type_;
     copy->block_ = block_;

@@ -21,13 +21,13 @@ Variant AsText(const Variant& value) { return Variant::Converted(value.get(), VT
 }  // namespace
 
 HRESULT SimpleValue::get_Item(VARIANT, VARIANT* pvValue) {
-  return Call("Item", [&] { HandOut(pvValue, Variant::CopyOf(value_.get())); });
+  return Call("Item", [&] { HandOut(pvValue, [&] { return Variant::CopyOf(value_.get()); }); });
 }
 
 HRESULT SimpleValue::put_Item(VARIANT, VARIANT) { return S_OK; }
 
 HRESULT SimpleValue::get_Name(VARIANT, BSTR* psName) {
-  return Call("Name", [&] { HandOut(psName, NewEmptyText()); });
+  return Call("Name", [&] { HandOut(psName, [&] { return NewEmptyText(); }); });
 }
 
 HRESULT SimpleValue::get_Count(LONG* pnCount) {
@@ -39,7 +39,7 @@ HRESULT SimpleValue::get_At(VARIANT, IValueBase** ppValue) {
 }
 
 HRESULT SimpleValue::get_Value(VARIANT* pvValue) {
-  return Call("Value", [&] { HandOut(pvValue, Variant::CopyOf(value_.get())); });
+  return Call("Value", [&] { HandOut(pvValue, [&] { return Variant::CopyOf(value_.get()); }); });
 }
 
 HRESULT SimpleValue::put_Value(VARIANT vValue) {
@@ -55,7 +55,7 @@ HRESULT SimpleValue::put_Value(VARIANT vValue) {
 
 HRESULT SimpleValue::Copy(IValueBase** ppCopy) {
   return Call("Copy", [&] {
-    Out(ppCopy) = nullptr;
+    EmptyOut(ppCopy);
     const Ptr<SimpleValue> copy = NewObject<SimpleValue>();
     copy->type_ = type_;
     copy->data_size_ = data_size_;
@@ -65,7 +65,7 @@ HRESULT SimpleValue::Copy(IValueBase** ppCopy) {
 }
 
 HRESULT SimpleValue::get_Info(IValueDefBase** ppInfo) {
-  return Call("Info", [&] { Out(ppInfo) = nullptr; });
+  return Call("Info", [&] { EmptyOut(ppInfo); });
 }
 
 HRESULT SimpleValue::put_Info(IValueDefBase* pInfo) {

@@ -22,7 +22,7 @@ Ptr<IValueBase> NewMember(const MemberLayout& member) {
 
 HRESULT Structure::GetItem(const VARIANT& index, VARIANT* item) noexcept {
   return Call("Item", [&] {
-    Out(item) = VARIANT{};
+    EmptyOut(item);
     const MemberLayout* member = type_.Find(index);
     if (member != nullptr && block_.Holds(*member)) {
       block_.Read(*member, *item);
@@ -46,7 +46,7 @@ HRESULT Structure::PutItem(const VARIANT& index, const VARIANT& value) noexcept 
 
 HRESULT Structure::get_At(VARIANT vIndex, IValueBase** ppValue) {
   return Call("At", [&] {
-    Out(ppValue) = nullptr;
+    EmptyOut(ppValue);
     const MemberLayout* member = type_.Find(vIndex);
     if (member != nullptr && member->size == 0) *ppValue = HeldBy(*member).object.Detach();
   });
@@ -54,7 +54,7 @@ HRESULT Structure::get_At(VARIANT vIndex, IValueBase** ppValue) {
 
 HRESULT Structure::Copy(IValueBase** ppCopy) {
   return Call("Copy", [&] {
-    Out(ppCopy) = nullptr;
+    EmptyOut(ppCopy);
     const WalkingLevel level;
     const Ptr<Structure> copy = NewObject<Structure>();
     copy->type_ = type_;

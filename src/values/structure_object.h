@@ -20,9 +20,10 @@ class StructureObject : public ValueObject<T, Interfaces..., IElementaryMemory> 
 
   HRESULT STDMETHODCALLTYPE get_Name(VARIANT vIndex, BSTR* psName) override {
     return this->Call("Name", [&] {
-      BSTR& name = Out(psName);
-      const MemberLayout* member = type_.Find(vIndex);
-      name = Bstr(member != nullptr ? member->name.View() : WideView()).Detach();
+      HandOut(psName, [&] {
+        const MemberLayout* member = type_.Find(vIndex);
+        return Bstr(member != nullptr ? member->name.View() : WideView());
+      });
     });
   }
 
@@ -37,10 +38,7 @@ class StructureObject : public ValueObject<T, Interfaces..., IElementaryMemory> 
   HRESULT STDMETHODCALLTYPE put_Value(VARIANT) override { return S_OK; }
 
   HRESULT STDMETHODCALLTYPE get_Info(IValueDefBase** ppInfo) override {
-    return this->Call("Info", [&] {
-      Out(ppInfo) = nullptr;
-      *ppInfo = type_.Definition().Detach();
-    });
+    return this->Call("Info", [&] { HandOut(ppInfo, [&] { return type_.Definition(); }); });
   }
 
   HRESULT STDMETHODCALLTYPE put_Info(IValueDefBase* pInfo) override {

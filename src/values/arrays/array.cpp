@@ -22,7 +22,7 @@ bool IsOwnStructure(const Ptr<IValueBase>& element) {
 
 HRESULT Array::get_Item(VARIANT vIndex, VARIANT* pvValue) {
   return Call("Item", [&] {
-    VARIANT& result = Out(pvValue);
+    VARIANT& result = EmptyOut(pvValue);
     const Ptr<IValueBase> element =
         Require(ElementAt(ElementPosition(vIndex, [&] { return ElementCount(); })), kEmptySlot);
     Variant content;
@@ -79,14 +79,13 @@ HRESULT Array::RemoveAll() {
 
 HRESULT Array::get_At(VARIANT vIndex, IValueBase** ppValue) {
   return Call("At", [&] {
-    Out(ppValue) = nullptr;
-    HandOut(ppValue, ElementAt(ElementPosition(vIndex, [&] { return ElementCount(); })));
+    HandOut(ppValue, [&] { return ElementAt(ElementPosition(vIndex, [&] { return ElementCount(); })); });
   });
 }
 
 HRESULT Array::Copy(IValueBase** ppCopy) {
   return Call("Copy", [&] {
-    Out(ppCopy) = nullptr;
+    EmptyOut(ppCopy);
     const WalkingLevel level;
     const Ptr<Array> copy = NewObject<Array>();
     copy->type_ = type_;

@@ -14,13 +14,13 @@ class ArrayObject : public ValueObject<T, Interfaces...> {
   static constexpr SHORT kTypeCode = kArray;
 
   HRESULT STDMETHODCALLTYPE get_Name(VARIANT, BSTR* psName) override {
-    return this->Call("Name", [&] { HandOut(psName, this->NewEmptyText()); });
+    return this->Call("Name", [&] { HandOut(psName, [&] { return this->NewEmptyText(); }); });
   }
 
   // Elements are no objects of their own unless a class says otherwise.
   HRESULT STDMETHODCALLTYPE get_At(VARIANT, IValueBase** ppValue) override {
     return this->Call("At", [&] {
-      Out(ppValue) = nullptr;
+      EmptyOut(ppValue);
       throw Error(E_NOTIMPL, "the elements of this array are no objects of their own; use Item");
     });
   }
@@ -32,10 +32,7 @@ class ArrayObject : public ValueObject<T, Interfaces...> {
   HRESULT STDMETHODCALLTYPE put_Value(VARIANT) override { return S_OK; }
 
   HRESULT STDMETHODCALLTYPE get_Info(IValueDefBase** ppInfo) override {
-    return this->Call("Info", [&] {
-      Out(ppInfo) = nullptr;
-      HandOut(ppInfo, type_.BaseDefinition());
-    });
+    return this->Call("Info", [&] { HandOut(ppInfo, [&] { return type_.BaseDefinition(); }); });
   }
 
   HRESULT STDMETHODCALLTYPE get_Id(SHORT* pnId) override {

@@ -58,7 +58,7 @@ HRESULT SimpleArray::RemoveAll() {
 
 HRESULT SimpleArray::Copy(IValueBase** ppCopy) {
   return Call("Copy", [&] {
-    Out(ppCopy) = nullptr;
+    EmptyOut(ppCopy);
     const Ptr<SimpleArray> copy = NewObject<SimpleArray>();
     copy->type_ = type_;
     copy->SetElementType(element_type());

@@ -26,7 +26,7 @@ class SimpleArrayObject : public NumericArray<T, Interfaces..., IElementaryMemor
  public:
   HRESULT STDMETHODCALLTYPE get_Item(VARIANT vIndex, VARIANT* pvValue) override {
     return this->Call("Item", [&] {
-      VARIANT& result = Out(pvValue);
+      VARIANT& result = EmptyOut(pvValue);
       const ULONG position = ElementPosition(vIndex, [&] { return Elements().ElementCount(); });
       const unsigned char* slot = StoredSlot(position);
       if (slot != nullptr && LoadNumber(slot, element_type_, result)) return;

@@ -15,7 +15,7 @@ Ptr<SimpleFixedArray> SimpleFixedArray::NewShell(IValueDefBase* definition, unsi
 
 HRESULT SimpleFixedArray::Copy(IValueBase** ppCopy) {
   return Call("Copy", [&] {
-    Out(ppCopy) = nullptr;
+    EmptyOut(ppCopy);
     const Ptr<SimpleFixedArray> copy = NewObject<SimpleFixedArray>();
     copy->type_ = type_;
     copy->SetElementType(element_type());

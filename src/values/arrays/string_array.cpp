@@ -23,8 +23,10 @@ std::uint16_t EncodedLength(const std::string& text) noexcept {
 
 HRESULT StringArray::get_Item(VARIANT vIndex, VARIANT* pvValue) {
   return Call("Item", [&] {
-    VARIANT& result = Out(pvValue);
-    result = Variant(Widen(TextAt(ElementPosition(vIndex, [&] { return texts_.size(); })))).Detach();
+    HandOut(pvValue, [&] {
+      const std::uint32_t position = ElementPosition(vIndex, [&] { return texts_.size(); });
+      return Variant(Widen(TextAt(position)));
+    });
   });
 }
 
@@ -60,7 +62,7 @@ HRESULT StringArray::RemoveAll() {
 
 HRESULT StringArray::Copy(IValueBase** ppCopy) {
   return Call("Copy", [&] {
-    Out(ppCopy) = nullptr;
+    EmptyOut(ppCopy);
     const Ptr<StringArray> copy = NewObject<StringArray>();
     copy->type_ = type_;
     copy->texts_ = texts_;
