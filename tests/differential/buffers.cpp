@@ -29,7 +29,8 @@ void Write(World& world, const std::string& name, const Ptr<I>& object) {
   std::memset(buffer.data(), kFiller, room);
   VARIANT_BOOL result = 77;
   ULONG count = 0x5A5A5A5A;
-  const HRESULT status = object->WriteToBuffer(buffer.data(), room, &count, &result);
+  const HRESULT status =
+      Answered([&] { return object->WriteToBuffer(buffer.data(), room, &count, &result); });
   buffer.resize(room);
   world.Tell(name + ".WriteToBuffer " + ShowNumber(room),
              Answer(status, result, count) + " [" + test::ToHex(buffer) + "]");
@@ -56,8 +57,9 @@ void Read(World& world, const std::string& name, const Ptr<I>& object) {
   buffer.resize(bytes.size() + kSpare, 0);
   VARIANT_BOOL result = 77;
   ULONG count = 0x5A5A5A5A;
+  const auto size = static_cast<ULONG>(bytes.size());
   const HRESULT status =
-      object->ReadFromBuffer(buffer.data(), static_cast<ULONG>(bytes.size()), &count, &result);
+      Answered([&] { return object->ReadFromBuffer(buffer.data(), size, &count, &result); });
   world.Tell(name + ".ReadFromBuffer [" + test::ToHex(bytes) + "]", Answer(status, result, count));
 }
 

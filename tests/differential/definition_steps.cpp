@@ -21,16 +21,17 @@ void NewSimple(World& world) {
   const SHORT type = AnyType(world.random);
   const LONG size = world.random.Of(kFieldSizes);
   world.Tell("simple " + ShowNumber(type) + " " + ShowNumber(size),
-             Joined({Status(definition->put_Type(type)), Status(definition->SetDataSize(size))}));
+             Joined({Status([&] { return definition->put_Type(type); }),
+                     Status([&] { return definition->SetDataSize(size); })}));
   if (world.random.OneIn(3)) {
     const Variant low = AnyVariant(world);
     const Variant high = AnyVariant(world);
     const Bstr script(AnyText(world));
-    world.Tell(
-        "range " + Show(low.get()) + " " + Show(high.get()) + " " + Show(script.get()),
-        Joined({Status(definition->put_Validation(VARIANT_TRUE)), Status(definition->put_MinValue(low.get())),
-                Status(definition->put_MaxValue(high.get())),
-                Status(definition->put_ValidationScript(script.get()))}));
+    world.Tell("range " + Show(low.get()) + " " + Show(high.get()) + " " + Show(script.get()),
+               Joined({Status([&] { return definition->put_Validation(VARIANT_TRUE); }),
+                       Status([&] { return definition->put_MinValue(low.get()); }),
+                       Status([&] { return definition->put_MaxValue(high.get()); }),
+                       Status([&] { return definition->put_ValidationScript(script.get()); })}));
   }
   world.Keep(Ptr<IValueDefBase>(definition));
 }
@@ -47,7 +48,7 @@ void NewEnumeration(World& world) {
   const auto definition = CreateObject<IEnumerationDef>(kEnumerationInfoClass);
   const SHORT type =
       world.random.OneIn(4) ? AnyType(world.random) : static_cast<SHORT>(4 + 2 * world.random.Below(3));
-  world.Tell("enumeration " + ShowNumber(type), Status(definition->put_DataType(type)));
+  world.Tell("enumeration " + ShowNumber(type), Status([&] { return definition->put_DataType(type); }));
   static_cast<void>(definition->put_Id(AnyId(world.random)));
   for (auto count = world.random.Below(4); count > 0; --count) AddElement(world, definition);
   world.Keep(Ptr<IValueDefBase>(definition));
@@ -68,7 +69,8 @@ void AddMember(World& world, const Ptr<IStructureDef>& structure) {
   world.Tell("structure.AddMember " + Show(name.get()) + " " + ShowNumber(type), Number<VARIANT_BOOL>(added));
   if (random.OneIn(3)) {
     const Variant index(ViewOf(name.get()));
-    world.Tell("structure.CanBeNull", Status(structure->put_CanBeNull(index.get(), VARIANT_TRUE)));
+    world.Tell("structure.CanBeNull",
+               Status([&] { return structure->put_CanBeNull(index.get(), VARIANT_TRUE); }));
   }
 }
 
@@ -90,8 +92,10 @@ void NewArray(World& world) {
   const SHORT type = AnyType(world.random);
   const LONG count = world.random.Of(kElementCounts);
   world.Tell("array " + ShowNumber(type) + " x " + ShowNumber(count),
-             Joined({Status(element ? array->put_ValueType(element.get()) : array->put_DataType(type)),
-                     Status(array->put_ElementCount(count))}));
+             Joined({Status([&] {
+                       return element ? array->put_ValueType(element.get()) : array->put_DataType(type);
+                     }),
+                     Status([&] { return array->put_ElementCount(count); })}));
   static_cast<void>(array->put_Id(AnyId(world.random)));
   if (!world.random.OneIn(8)) {
     world.Tell("array.CalculateDataSize",
@@ -115,7 +119,8 @@ void Ask(World& world, const Ptr<IValueDefBase>& definition) {
 void ChangeEnumeration(World& world, const Ptr<IEnumerationDef>& definition) {
   const LONG position = world.random.Between(-1, 4);
   if (world.random.OneIn(3)) {
-    world.Tell("enumeration.Remove " + ShowNumber(position), Status(definition->Remove(position)));
+    world.Tell("enumeration.Remove " + ShowNumber(position),
+               Status([&] { return definition->Remove(position); }));
   } else if (world.random.OneIn(2)) {
     world.Tell("enumeration.ElementValue " + ShowNumber(position),
                Joined({Number<LONG>([&](LONG* out) { return definition->get_ElementValue(position, out); }),
@@ -130,7 +135,7 @@ void ChangeStructure(World& world, const Ptr<IStructureDef>& structure) {
   const std::string call = "structure " + Show(index.get());
   switch (world.random.Below(5)) {
     case 0:
-      return world.Tell(call + " Remove", Status(structure->Remove(index.get())));
+      return world.Tell(call + " Remove", Status([&] { return structure->Remove(index.get()); }));
     case 1:
       return world.Tell(call + " CanBeNull", Number<VARIANT_BOOL>([&](VARIANT_BOOL* out) {
                           return structure->get_CanBeNull(index.get(), out);
@@ -162,9 +167,11 @@ void ChangeArray(World& world, const Ptr<IArrayDef>& array) {
   const LONG count = world.random.Of(kElementCounts);
   switch (world.random.Below(4)) {
     case 0:
-      return world.Tell("array.DataType " + ShowNumber(type), Status(array->put_DataType(type)));
+      return world.Tell("array.DataType " + ShowNumber(type),
+                        Status([&] { return array->put_DataType(type); }));
     case 1:
-      return world.Tell("array.ElementCount " + ShowNumber(count), Status(array->put_ElementCount(count)));
+      return world.Tell("array.ElementCount " + ShowNumber(count),
+                        Status([&] { return array->put_ElementCount(count); }));
     case 2:
       return world.Tell("array.DataTypeString",
                         Joined({Words([&](BSTR* out) { return array->get_DataTypeString(out); }),
@@ -183,7 +190,7 @@ void Change(World& world, const Ptr<IValueDefBase>& definition) {
   if (const auto structure = definition.As<IStructureDef>()) return ChangeStructure(world, structure);
   if (const auto array = definition.As<IArrayDef>()) return ChangeArray(world, array);
   const SHORT type = AnyType(world.random);
-  world.Tell("definition.Type " + ShowNumber(type), Status(definition->put_Type(type)));
+  world.Tell("definition.Type " + ShowNumber(type), Status([&] { return definition->put_Type(type); }));
 }
 
 }  // namespace

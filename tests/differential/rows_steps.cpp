@@ -45,8 +45,8 @@ void RowsStep(World& world) {
   if (world.random.OneIn(4)) bytes = world.Damaged(std::move(bytes));
   VARIANT_BOOL result = 77;
   ULONG taken = 0;
-  const HRESULT status =
-      array->ReadFromBuffer(bytes.data(), static_cast<ULONG>(bytes.size()), &taken, &result);
+  const auto room = static_cast<ULONG>(bytes.size());
+  const HRESULT status = Answered([&] { return array->ReadFromBuffer(bytes.data(), room, &taken, &result); });
   world.Tell("rows " + ShowNumber(count) + " of " + ShowNumber(size),
              Status(status) + " " + ShowNumber(result) + " " + ShowNumber(taken));
   world.Keep(Ptr<IValueDefBase>(structure));

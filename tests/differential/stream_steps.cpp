@@ -45,9 +45,9 @@ void UseUnit(World& world) {
   const auto unit = CreateObject<IUnit>(kUnitClass);
   if (!world.random.OneIn(8)) static_cast<void>(unit->put_Session(Session(world).get()));
   if (world.random.OneIn(2)) {
-    world.Tell("unit.Value", Status(unit->put_Value(world.AnyValue().get())));
+    world.Tell("unit.Value", Status([&] { return unit->put_Value(world.AnyValue().get()); }));
   } else {
-    world.Tell("unit.Info", Status(unit->put_Info(world.AnyDefinition().get())));
+    world.Tell("unit.Info", Status([&] { return unit->put_Info(world.AnyDefinition().get()); }));
   }
   world.Tell("unit.PacketSize", Number<ULONG>([&](ULONG* out) { return unit->get_PacketSize(out); }));
   WriteAnything(world, "unit", unit.get());

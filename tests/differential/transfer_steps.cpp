@@ -68,8 +68,10 @@ void Transfer(World& world, const Ptr<IArray>& array) {
   // Small numbers of any width: no real among them lies outside the whole types.
   for (std::size_t i = 0; i < 256; ++i) buffer[i] = static_cast<unsigned char>(world.random.Below(3) * 32);
   VARIANT_BOOL result = 77;
-  const HRESULT status = build ? array->BuildNumericArray(path.get(), type.get(), buffer.data(), &result)
-                               : array->ReadNumericArray(path.get(), type.get(), buffer.data(), &result);
+  const HRESULT status = Answered([&] {
+    return build ? array->BuildNumericArray(path.get(), type.get(), buffer.data(), &result)
+                 : array->ReadNumericArray(path.get(), type.get(), buffer.data(), &result);
+  });
   const Bytes shown(buffer.begin(), buffer.begin() + 64);
   world.Tell(std::string(build ? "BuildNumericArray " : "ReadNumericArray ") + Show(path.get()) + " " +
                  Show(type.get()),
@@ -103,7 +105,7 @@ void UseShell(World& world) {
     const Variant index = AnyIndex(world);
     const Variant content = AnyVariant(world);
     world.Tell("shell " + Show(index.get()) + " = " + Show(content.get()),
-               Status(array->put_Item(index.get(), content.get())));
+               Status([&] { return array->put_Item(index.get(), content.get()); }));
   }
   WriteAnything(world, "shell", array.get());
   ReadAnything(world, "shell", array.get());

@@ -49,7 +49,7 @@ void PutPart(World& world, const Ptr<IValueBase>& value) {
   const Variant index = AnyIndex(world);
   const Variant content = AnyVariant(world);
   world.Tell("value " + Show(index.get()) + " = " + Show(content.get()),
-             Status(value->put_Item(index.get(), content.get())));
+             Status([&] { return value->put_Item(index.get(), content.get()); }));
 }
 
 void AddPart(World& world, const Ptr<IValueBase>& value) {
@@ -64,19 +64,19 @@ void AddPart(World& world, const Ptr<IValueBase>& value) {
     if (element) static_cast<void>(element->CreateDataObject(fresh.Out()));
     if (fresh) content = Variant(static_cast<IDispatch*>(fresh.get()));
   }
-  world.Tell("value.Add " + Show(content.get()), Status(value->Add(content.get())));
+  world.Tell("value.Add " + Show(content.get()), Status([&] { return value->Add(content.get()); }));
 }
 
 void RemovePart(World& world, const Ptr<IValueBase>& value) {
-  if (world.random.OneIn(5)) return world.Tell("value.RemoveAll", Status(value->RemoveAll()));
+  if (world.random.OneIn(5)) return world.Tell("value.RemoveAll", Status([&] { return value->RemoveAll(); }));
   const Variant index = AnyIndex(world);
-  world.Tell("value.Remove " + Show(index.get()), Status(value->Remove(index.get())));
+  world.Tell("value.Remove " + Show(index.get()), Status([&] { return value->Remove(index.get()); }));
 }
 
 void PutWhole(World& world, const Ptr<IValueBase>& value) {
   const Variant content = AnyVariant(world);
   world.Tell("value = " + Show(content.get()),
-             Joined({Status(value->put_Value(content.get())),
+             Joined({Status([&] { return value->put_Value(content.get()); }),
                      Content([&](VARIANT* out) { return value->get_Value(out); })}));
 }
 
@@ -89,7 +89,7 @@ void CopyWhole(World& world, const Ptr<IValueBase>& value) {
 // A type that the value should refuse, having one, or take, having none.
 void PutInfo(World& world, const Ptr<IValueBase>& value) {
   const auto definition = world.AnyDefinition();
-  world.Tell("value.Info", Status(value->put_Info(definition.get())));
+  world.Tell("value.Info", Status([&] { return value->put_Info(definition.get()); }));
 }
 
 // An object made by its class, without a definition.

@@ -7,6 +7,7 @@
 
 #include <initializer_list>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "halyard/halyard.h"
@@ -52,11 +53,36 @@ class World {
   Bytes Damaged(Bytes bytes);
 };
 
+// True while a call of the library runs that a program tells of.
+inline bool g_calling = false;
+
+// What an exception is told as that left a call: no call may do that.
+inline constexpr HRESULT kThrown = static_cast<HRESULT>(0xDEADDEAD);
+
+// Makes a call of the library's; its status.
+template <class Call>
+HRESULT Answered(Call&& call) {
+  HRESULT status = kThrown;
+  g_calling = true;
+  try {
+    status = call();
+  } catch (...) {
+  }
+  g_calling = false;
+  return status;
+}
+
 // How outcomes are told.
 std::string Status(HRESULT status);
 std::string Show(const VARIANT& value);
 std::string Show(BSTR text);
 std::string ShowNumber(long long number);
+
+// The status of a call: Status([&] { return value->RemoveAll(); }).
+template <class Call>
+requires std::is_invocable_r_v<HRESULT, Call> std::string Status(Call&& call) {
+  return Status(Answered(call));
+}
 
 // Several outcomes with blanks between them. The calls in a braced list are made in their
 // order; operands of + are not.
@@ -67,7 +93,7 @@ std::string Joined(std::initializer_list<std::string> outcomes);
 template <class T, class Call>
 std::string Number(Call&& call) {
   T number = T(0x5A5A);
-  const HRESULT status = call(&number);
+  const HRESULT status = Answered([&] { return call(&number); });
   return Status(status) + " " + ShowNumber(static_cast<long long>(number));
 }
 
@@ -75,21 +101,24 @@ std::string Number(Call&& call) {
 template <class Call>
 std::string Words(Call&& call) {
   Bstr words;
-  const HRESULT status = call(words.Out());
+  BSTR* place = words.Out();
+  const HRESULT status = Answered([&] { return call(place); });
   return Status(status) + " " + Show(words.get());
 }
 
 template <class Call>
 std::string Content(Call&& call) {
   Variant content;
-  const HRESULT status = call(content.Out());
+  VARIANT* place = content.Out();
+  const HRESULT status = Answered([&] { return call(place); });
   return Status(status) + " " + Show(content.get());
 }
 
 // The outcome of a call with an out object, which the caller gets.
 template <class I, class Call>
 std::string Made(Ptr<I>* object, Call&& call) {
-  const HRESULT status = call(object->Out());
+  I** place = object->Out();
+  const HRESULT status = Answered([&] { return call(place); });
   if (FAILED(status)) static_cast<void>(object->Detach());
   return Status(status) + (*object ? " object" : " none");
 }

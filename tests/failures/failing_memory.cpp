@@ -5,13 +5,16 @@
 
 namespace {
 
-std::size_t g_until_failure = 0;  // 0: none is to fail
+std::size_t g_failing = 0;  // 0: none is counted
+std::size_t g_count = 0;
+const bool* g_only_while = nullptr;
 bool g_happened = false;
 std::ptrdiff_t g_live = 0;
 
 // Counts an allocation; whether it is the one that fails.
 bool Fails() {
-  if (g_until_failure == 0 || --g_until_failure != 0) return false;
+  if (g_failing == 0 || (g_only_while != nullptr && !*g_only_while)) return false;
+  if (++g_count != g_failing) return false;
   g_happened = true;
   return true;
 }
@@ -68,14 +71,18 @@ void operator delete[](void* block, const std::nothrow_t&) noexcept { __wrap_fre
 
 namespace halyard::test {
 
-FailingAllocation::FailingAllocation(std::size_t which) {
+FailingAllocation::FailingAllocation(std::size_t which, const bool* only_while) {
   g_happened = false;
-  g_until_failure = which;
+  g_count = 0;
+  g_only_while = only_while;
+  g_failing = which;
 }
 
-FailingAllocation::~FailingAllocation() { g_until_failure = 0; }
+FailingAllocation::~FailingAllocation() { g_failing = 0; }
 
 bool FailingAllocation::Happened() const { return g_happened; }
+
+std::size_t FailingAllocation::Count() const { return g_count; }
 
 std::ptrdiff_t LiveBlocks() { return g_live; }
 

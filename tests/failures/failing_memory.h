@@ -6,16 +6,23 @@
 
 namespace halyard::test {
 
+// The number of an allocation that never comes.
+inline constexpr std::size_t kNoAllocation = static_cast<std::size_t>(-1);
+
 // While it lives, allocation number `which` (1 for the first) fails; the others succeed.
+// With `only_while`, allocations count while that is true.
 class FailingAllocation {
  public:
-  explicit FailingAllocation(std::size_t which);
+  explicit FailingAllocation(std::size_t which, const bool* only_while = nullptr);
   ~FailingAllocation();
   FailingAllocation(const FailingAllocation&) = delete;
   FailingAllocation& operator=(const FailingAllocation&) = delete;
 
   // Whether there were that many allocations, so that one failed.
   [[nodiscard]] bool Happened() const;
+
+  // How many allocations there were so far.
+  [[nodiscard]] std::size_t Count() const;
 };
 
 // Blocks that were allocated and not freed.

@@ -16,7 +16,13 @@ std::string& Lines() {
   return lines;
 }
 
-void Record(const char* text, const char* caption) { Lines() += std::string(caption) + ": " + text + "\n"; }
+// Room for the messages of any test, so that recording one takes no memory: it happens
+// inside a call of the library, where a test may let memory run out.
+constexpr std::size_t kRoom = 1 << 16;
+
+void Record(const char* text, const char* caption) {
+  Lines().append(caption).append(": ").append(text).append("\n");
+}
 
 #ifdef _WIN32
 
@@ -73,6 +79,7 @@ MessageBoxFunction Redirect(MessageBoxFunction function) {
 
 MessageRecorder::MessageRecorder() {
   Lines().clear();
+  Lines().reserve(kRoom);
   static_cast<void>(CreateObject<IUnknown>(kSimpleValueClass));  // loads the component
   system_message_box = Redirect(&RecordBox);
   if (system_message_box == nullptr) Lines() = "(the component does not import MessageBoxA)\n";
@@ -86,6 +93,7 @@ MessageRecorder::~MessageRecorder() {
 
 MessageRecorder::MessageRecorder() {
   Lines().clear();
+  Lines().reserve(kRoom);
   SetMessageHandler(&Record);
 }
 
