@@ -1,20 +1,24 @@
-// Writers that are killed at any moment.
+// Writers that are killed at any moment, and the tool that saves what they leave.
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
+#include <iostream>
 #include <random>
+#include <string>
 
 #include "tests/failures/numbered_records.h"
 
 namespace halyard::test {
 namespace {
 
-constexpr int kKills = 200;
+constexpr int kKills = 60;
 constexpr const char* kKillsVariable = "HALYARD_KILLS";  // for long runs
 constexpr useconds_t kLongestLife = 3000;
+constexpr LONG kBatch = 50;  // records between two words of a writer
 
 int Kills() {
   const char* wanted = std::getenv(kKillsVariable);
@@ -26,13 +30,13 @@ int Kills() {
   const auto definition = NumberedDefinition();
   const auto file = NewFile();
   if (!OpenForWrite(file, place.name()) || !WriteInfo(file, definition.get())) _exit(1);
-  for (LONG i = 0; WriteNumbered(file, definition, i * 50, 50) == 50; ++i) {
+  for (LONG i = 0; WriteNumbered(file, definition, i * kBatch, kBatch) == kBatch; ++i) {
     if (write(progress, "x", 1) != 1) break;
   }
   _exit(1);
 }
 
-// How many times fifty records the writer said to have written.
+// How many batches the writer said to have written.
 LONG ToldBy(int progress) {
   LONG told = 0;
   char byte = 0;
@@ -40,31 +44,62 @@ LONG ToldBy(int progress) {
   return told;
 }
 
+// Starts a writer, kills it after a while, and answers how many records it told of.
+LONG KillAWriter(const TempFile& place, useconds_t life) {
+  int ends[2];
+  EXPECT_EQ(pipe(ends), 0);
+  const pid_t writer = fork();
+  EXPECT_GE(writer, 0);
+  if (writer == 0) WriteForEver(place, ends[1]);
+  close(ends[1]);
+  usleep(life);
+  kill(writer, SIGKILL);
+  int status = 0;
+  EXPECT_EQ(waitpid(writer, &status, 0), writer);
+  EXPECT_TRUE(WIFSIGNALED(status)) << "the writer ended by itself";
+  const LONG told = ToldBy(ends[0]) * kBatch;
+  close(ends[0]);
+  return told;
+}
+
+#ifdef HALYARD_TOOL_PROGRAM
+
+constexpr int kFine = 0;
+constexpr int kFaults = 1;  // anything was lost, or nothing could be saved
+
+// What the program `halyard recover` saves of the file; none where it saves nothing.
+std::vector<LONG> NumbersRecovered(const TempFile& place) {
+  if (!place.Exists()) return {};  // killed before it made the file
+  const TempFile saved;
+  const std::string line = "'" HALYARD_TOOL_PROGRAM "' recover '" + place.path().string() + "' -o '" +
+                           saved.path().string() + "' >/dev/null 2>&1";
+  const int status = std::system(line.c_str());
+  EXPECT_TRUE(WIFEXITED(status));
+  EXPECT_TRUE(WEXITSTATUS(status) == kFine || WEXITSTATUS(status) == kFaults) << WEXITSTATUS(status);
+  return NumbersIn(saved);
+}
+
+#endif
+
 TEST(KilledWriter, LeavesEveryRecordThatItHasWritten) {
   std::minstd_rand random(1);
-  LONG most = 0;
-  for (int i = 0; i < Kills(); ++i) {
+  std::size_t all = 0;
+  std::size_t most = 0;
+  const int kills = Kills();
+  for (int i = 0; i < kills && !HasFatalFailure(); ++i) {
     const TempFile place;
-    int ends[2];
-    ASSERT_EQ(pipe(ends), 0);
-    const pid_t writer = fork();
-    ASSERT_GE(writer, 0);
-    if (writer == 0) WriteForEver(place, ends[1]);
-    close(ends[1]);
-    usleep(static_cast<useconds_t>(random() % kLongestLife));
-    kill(writer, SIGKILL);
-    int status = 0;
-    ASSERT_EQ(waitpid(writer, &status, 0), writer);
-    EXPECT_TRUE(WIFSIGNALED(status)) << "the writer ended by itself";
-    const LONG told = ToldBy(ends[0]) * 50;
-    close(ends[0]);
-
+    const LONG told = KillAWriter(place, static_cast<useconds_t>(random() % kLongestLife));
     const auto numbers = NumbersIn(place);
     EXPECT_GE(static_cast<LONG>(numbers.size()), told);
     for (std::size_t k = 0; k < numbers.size(); ++k) ASSERT_EQ(numbers[k], static_cast<LONG>(k));
-    most = std::max(most, static_cast<LONG>(numbers.size()));
+#ifdef HALYARD_TOOL_PROGRAM
+    EXPECT_EQ(NumbersRecovered(place), numbers) << "recovered after kill " << i;
+#endif
+    most = std::max(most, numbers.size());
+    all += numbers.size();
   }
-  EXPECT_GT(most, 100) << "no writer lived long enough to write much";
+  EXPECT_GT(most, 100u) << "no writer lived long enough to write much";
+  std::cout << kills << " writers killed, " << all << " records read and recovered\n";
 }
 
 }  // namespace
