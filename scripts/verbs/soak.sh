@@ -5,12 +5,14 @@ case "$form" in
   long)
     load=full
     kills=1000
+    failing_programs=600
     random_programs=50000
     fuzz_seconds=1200
     ;;
   short)
     load=short
     kills=20
+    failing_programs=20
     random_programs=300
     fuzz_seconds=5
     ;;
@@ -32,6 +34,8 @@ soak_native() {
   gtest_suite "load" env "HALYARD_LOAD=$load" build/native/tests/load/halyard_load_tests
   gtest_suite "kills" env "HALYARD_KILLS=$kills" build/native/tests/failures/halyard_failure_tests \
     --gtest_filter='KilledWriter.*'
+  gtest_suite "every allocation" env "HALYARD_PROGRAMS=$failing_programs" \
+    build/native/tests/failures/halyard_failure_tests --gtest_filter='RandomPrograms.*'
   gtest_suite "conformance under valgrind" valgrind --quiet --error-exitcode=1 --leak-check=full \
     build/native/tests/halyard_conformance_tests
 }
