@@ -18,6 +18,7 @@ namespace {
 constexpr int kKills = 60;
 constexpr const char* kKillsVariable = "HALYARD_KILLS";  // for long runs
 constexpr useconds_t kLongestLife = 3000;
+constexpr LONG kMostBatches = 30;
 constexpr LONG kBatch = 50;  // records between two words of a writer
 
 int Kills() {
@@ -44,22 +45,37 @@ LONG ToldBy(int progress) {
   return told;
 }
 
-// Starts a writer, kills it after a while, and answers how many records it told of.
-LONG KillAWriter(const TempFile& place, useconds_t life) {
+// When a writer is killed: after so many batches, and then a while.
+struct Moment {
+  LONG batches;
+  useconds_t while_longer;
+};
+
+// Every other writer lives a while from its start, and may not come to write anything.
+Moment RandomMoment(std::minstd_rand& random, int kill) {
+  const auto batches = static_cast<LONG>(random() % kMostBatches);
+  return {kill % 2 == 0 ? 0 : 1 + batches, static_cast<useconds_t>(random() % kLongestLife)};
+}
+
+// Starts a writer, kills it at that moment, and answers how many records it told of.
+LONG KillAWriter(const TempFile& place, const Moment& moment) {
   int ends[2];
   EXPECT_EQ(pipe(ends), 0);
   const pid_t writer = fork();
   EXPECT_GE(writer, 0);
   if (writer == 0) WriteForEver(place, ends[1]);
   close(ends[1]);
-  usleep(life);
+  LONG told = 0;
+  char word = 0;
+  while (told < moment.batches && read(ends[0], &word, 1) == 1) ++told;
+  usleep(moment.while_longer);
   kill(writer, SIGKILL);
   int status = 0;
   EXPECT_EQ(waitpid(writer, &status, 0), writer);
   EXPECT_TRUE(WIFSIGNALED(status)) << "the writer ended by itself";
-  const LONG told = ToldBy(ends[0]) * kBatch;
+  told += ToldBy(ends[0]);
   close(ends[0]);
-  return told;
+  return told * kBatch;
 }
 
 #ifdef HALYARD_TOOL_PROGRAM
@@ -88,7 +104,7 @@ TEST(KilledWriter, LeavesEveryRecordThatItHasWritten) {
   const int kills = Kills();
   for (int i = 0; i < kills && !HasFatalFailure(); ++i) {
     const TempFile place;
-    const LONG told = KillAWriter(place, static_cast<useconds_t>(random() % kLongestLife));
+    const LONG told = KillAWriter(place, RandomMoment(random, i));
     const auto numbers = NumbersIn(place);
     EXPECT_GE(static_cast<LONG>(numbers.size()), told);
     for (std::size_t k = 0; k < numbers.size(); ++k) ASSERT_EQ(numbers[k], static_cast<LONG>(k));
