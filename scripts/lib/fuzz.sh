@@ -56,11 +56,8 @@ total_coverage() {
 
 # print_coverage WHO NOTES: a line for the library, and one for the tool where WHO runs it.
 print_coverage() {
-  local who="$1" notes="$2" folder folders=(src)
+  local who="$1" notes="$2" folders=(src)
   [[ "$who" == csv ]] && folders+=(tools)
-  for folder in "${folders[@]}"; do
-    llvm-cov report build/coverage/tests/fuzz/halyard_replay "-instr-profile=$notes" "$PWD/$folder" |
-      awk -v who="$who" -v folder="$folder" '$1 == "TOTAL" {
-        printf "- %s: %d of %d lines of %s/ reached (%s)\n", who, $8 - $9, $8, folder, $10 }'
-  done
+  llvm-cov export -summary-only build/coverage/tests/fuzz/halyard_replay "-instr-profile=$notes" |
+    python3 tests/fuzz/coverage_lines.py "$who" "${folders[@]}"
 }

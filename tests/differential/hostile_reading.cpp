@@ -221,6 +221,8 @@ void ReadDefinition(World& world, Definitions& definitions, const Bytes& unit) {
 
 void ReadFromMemory(World& world, const Bytes& stream) {
   const auto unit = CreateObject<IUnit>(kUnitClass);
+  if (!world.random.OneIn(4))
+    static_cast<void>(unit->put_Session(CreateObject<IOrmSession>(kOrmSessionClass).get()));
   Definitions definitions;
   int calls = 0;
   for (Bytes bytes : UnitsOf(stream)) {
