@@ -1,6 +1,7 @@
 #include "tests/failures/failing_calls.h"
 
 #include <sys/types.h>
+#include <sys/uio.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -68,6 +69,7 @@ extern "C" {
 
 ssize_t __real_read(int file, void* bytes, std::size_t size);
 ssize_t __real_write(int file, const void* bytes, std::size_t size);
+ssize_t __real_writev(int file, const iovec* parts, int count);
 
 ssize_t __wrap_read(int file, void* bytes, std::size_t size) {
   return halyard::test::Move(size, [&](std::size_t part) { return __real_read(file, bytes, part); });
@@ -75,6 +77,16 @@ ssize_t __wrap_read(int file, void* bytes, std::size_t size) {
 
 ssize_t __wrap_write(int file, const void* bytes, std::size_t size) {
   return halyard::test::Move(size, [&](std::size_t part) { return __real_write(file, bytes, part); });
+}
+
+// Two parts at most, of which fewer bytes are a shorter part.
+ssize_t __wrap_writev(int file, const iovec* parts, int count) {
+  iovec shorter[2] = {parts[0], count > 1 ? parts[1] : iovec{}};
+  return halyard::test::Move(shorter[0].iov_len + shorter[1].iov_len, [&](std::size_t size) {
+    shorter[0].iov_len = std::min(shorter[0].iov_len, size);
+    shorter[1].iov_len = std::min(shorter[1].iov_len, size - shorter[0].iov_len);
+    return __real_writev(file, shorter, 2);
+  });
 }
 
 }  // extern "C"

@@ -7,6 +7,8 @@
 
 #include "tests/failures/failing_calls.h"
 #include "tests/failures/numbered_records.h"
+#include "tests/support/composites.h"
+#include "tests/support/encoding.h"
 
 namespace halyard::test {
 namespace {
@@ -167,6 +169,76 @@ TEST(FileThatShrinks, EndsEarly) {
   const auto numbers = ReadNumbered(file);
   EXPECT_LT(numbers.size(), std::size_t{kRecords} - 1);
   for (std::size_t i = 0; i < numbers.size(); ++i) EXPECT_EQ(numbers[i], static_cast<LONG>(i) + 1);
+}
+
+// Records that are too large for the work buffer go out from where their values lie.
+constexpr LONG kLargeElements = 50000;
+constexpr LONG kLargeRecords = 3;
+
+Writing WriteLargeWithFault(const TempFile& place, std::size_t which, Fault fault) {
+  const auto definition = SimpleArrayDefinition(kShort, 0, 2);
+  const auto array = NewArray(definition);
+  Bytes encoding = LittleEndian(kLargeElements, 4);
+  encoding.resize(encoding.size() + kLargeElements * sizeof(SHORT), 7);
+  EXPECT_EQ(ReadFrom(array, encoding), Moved(static_cast<ULONG>(encoding.size())));
+  const auto file = NewFile();
+  Writing result;
+  const FailingCall failing(which, fault);
+  if (OpenForWrite(file, place.name()) && WriteInfo(file, definition.get())) {
+    while (result.written < kLargeRecords && WriteData(file, array.get())) ++result.written;
+  }
+  result.happened = failing.Happened();
+  return result;
+}
+
+LONG LargeRecordsIn(const TempFile& place) {
+  const auto file = NewFile();
+  LONG records = 0;
+  if (!OpenForRead(file, place.name())) return 0;
+  for (;; ++records) {
+    Ptr<IUnit> unit;
+    EXPECT_EQ(file->ReadUnit(unit.Out()), S_OK);
+    if (!unit) return records - 1;  // without the definition
+    Ptr<IValueBase> value;
+    EXPECT_EQ(unit->get_Value(value.Out()), S_OK);
+    EXPECT_TRUE(!value || Get(value, &IValueBase::get_Count) == kLargeElements);
+  }
+}
+
+TEST_P(EachWriteFails, LargeRecordsThatWereReportedAsWrittenAreThere) {
+  bool happened = true;
+  for (std::size_t which = 1; happened; ++which) {
+    const TempFile place;
+    const Writing writing = WriteLargeWithFault(place, which, GetParam());
+    happened = writing.happened;
+    EXPECT_EQ(writing.written == kLargeRecords, !happened) << "call " << which;
+    EXPECT_TRUE(writing.written == 0 || LargeRecordsIn(place) == writing.written) << "call " << which;
+  }
+}
+
+TEST_P(EachWriteIsHeldUp, EveryLargeRecordIsWritten) {
+  bool happened = true;
+  for (std::size_t which = 1; happened; ++which) {
+    const TempFile place;
+    const Writing writing = WriteLargeWithFault(place, which, GetParam());
+    happened = writing.happened;
+    EXPECT_EQ(writing.written, kLargeRecords) << "call " << which;
+    EXPECT_EQ(LargeRecordsIn(place), kLargeRecords) << "call " << which;
+  }
+}
+
+// A descriptor that somebody closed, and a pipe that nobody reads any more.
+TEST(UselessHandles, AreReportedByEveryCall) {
+  const TempFile place;
+  const LONG closed = OpenHandleForWrite(place.path());
+  CloseHandleValue(closed);
+  const auto file = NewFile();
+  EXPECT_FALSE(AttachForWrite(file, closed));
+  EXPECT_FALSE(AttachForRead(file, closed));
+  const Pipe pipe = OpenPipe();
+  CloseHandleValue(pipe.read);
+  EXPECT_FALSE(AttachForWrite(file, pipe.write));
+  EXPECT_FALSE(WriteInfo(file, NumberedDefinition().get()));
 }
 
 }  // namespace
