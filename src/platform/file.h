@@ -33,14 +33,20 @@ bool ReadSomeFromFile(FileHandle handle, void* bytes, std::uint32_t size, std::u
 // written to, as with a pipe.
 bool CanBreak(FileHandle handle) noexcept;
 
-// Writes all `size` bytes or reports false. `can_break` is what CanBreak said.
-bool WriteToFile(FileHandle handle, const void* bytes, std::uint32_t size, bool can_break) noexcept;
+// What becomes of bytes that a failing write has written before it failed.
+enum class Remains { kStay, kTakenBack };
+
+// Writes all `size` bytes or reports false. `can_break` is what CanBreak said. Taken back
+// means that the position is again what it was, and so is the end of the file; nothing can
+// be taken back from a handle without a position, nor where the system writes all at once.
+bool WriteToFile(FileHandle handle, const void* bytes, std::uint32_t size, bool can_break,
+                 Remains remains) noexcept;
 
 // Whether the system takes bytes from two places in one write.
 bool GathersWrites() noexcept;
 
-// Writes both parts, one behind the other, or reports false. Only where the system
-// gathers writes.
+// Writes both parts, one behind the other, or reports false, and takes back what was
+// written. Only where the system gathers writes.
 bool WriteBothToFile(FileHandle handle, std::span<const unsigned char> first,
                      std::span<const unsigned char> second, bool can_break) noexcept;
 

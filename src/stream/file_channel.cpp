@@ -31,7 +31,8 @@ bool FileChannel::Close() noexcept {
 
 bool FileChannel::Flush() noexcept {
   const std::uint32_t size = std::exchange(waiting_size_, 0);
-  if (size != 0 && !WriteToFile(handle_, waiting_.get(), size, can_break_)) lost_ = true;
+  // What is whole of many records may stay, since nothing is written behind a loss.
+  if (size != 0 && !WriteToFile(handle_, waiting_.get(), size, can_break_, Remains::kStay)) lost_ = true;
   return !lost_;
 }
 
@@ -85,7 +86,7 @@ bool FileChannel::Write(const void* bytes, std::uint32_t size) {
     AddToWaiting(size);
     return true;
   }
-  return Flush() && WriteToFile(handle_, bytes, size, can_break_);
+  return Flush() && WriteToFile(handle_, bytes, size, can_break_, Remains::kTakenBack);
 }
 
 unsigned char* FileChannel::RoomToWait(std::uint32_t size) {

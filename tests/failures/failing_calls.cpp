@@ -24,6 +24,7 @@ std::optional<Fault> NextFault() {
   if (!g_plan) return std::nullopt;
   ++g_calls;
   if (g_plan->fault == Fault::kHalfThenFull && g_happened) return Fault::kNoSpace;
+  if (g_plan->fault == Fault::kHalfThenOnce && g_calls == g_plan->which + 1) return Fault::kNoSpace;
   if (g_plan->which != 0 && g_plan->which != g_calls) return std::nullopt;
   g_happened = true;
   return g_plan->fault;
@@ -45,7 +46,7 @@ template <class Call>
 ssize_t Move(std::size_t size, Call&& call) {
   const std::optional<Fault> fault = NextFault();
   if (!fault) return call(size);
-  if (*fault == Fault::kHalf || *fault == Fault::kHalfThenFull)
+  if (*fault == Fault::kHalf || *fault == Fault::kHalfThenFull || *fault == Fault::kHalfThenOnce)
     return call(std::max<std::size_t>(size / 2, std::min<std::size_t>(size, 1)));
   errno = ErrorOf(*fault);
   return -1;

@@ -8,11 +8,12 @@ namespace halyard::test {
 
 // What becomes of a call that reads or writes.
 enum class Fault {
-  kNoSpace,      // fails with ENOSPC
-  kDevice,       // fails with EIO
-  kInterrupted,  // fails with EINTR, as when a signal came first
-  kHalf,         // moves half of the bytes, at least one
-  kHalfThenFull  // moves half of the bytes; all later calls fail with ENOSPC
+  kNoSpace,       // fails with ENOSPC
+  kDevice,        // fails with EIO
+  kInterrupted,   // fails with EINTR, as when a signal came first
+  kHalf,          // moves half of the bytes, at least one
+  kHalfThenFull,  // moves half of the bytes; all later calls fail with ENOSPC
+  kHalfThenOnce   // moves half of the bytes; the next call fails with ENOSPC, later ones do not
 };
 
 // While it lives, call number `which` (1 for the first) has the fault; for `which` 0, every

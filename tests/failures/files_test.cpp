@@ -9,6 +9,8 @@
 #include "tests/failures/numbered_records.h"
 #include "tests/support/composites.h"
 #include "tests/support/encoding.h"
+#include "tests/support/foreign_stream.h"
+#include "tests/support/memory.h"
 
 namespace halyard::test {
 namespace {
@@ -58,6 +60,30 @@ TEST_P(EachWriteFails, WhatWasReportedAsWrittenIsThere) {
 
 INSTANTIATE_TEST_SUITE_P(Faults, EachWriteFails,
                          testing::Values(Fault::kNoSpace, Fault::kDevice, Fault::kHalfThenFull));
+
+// A disk that has room again after a record was refused: what follows is read, too.
+TEST(DiskWithRoomAgain, KeepsTheRecordsBehindARefusedOne) {
+  const auto definition = NumberedDefinition();
+  bool happened = true;
+  // The two parts of the header and the definition come first.
+  for (std::size_t which = 4; happened; ++which) {
+    const TempFile place;
+    std::vector<LONG> written;
+    {
+      const auto file = NewFile();
+      const FailingCall failing(which, Fault::kHalfThenOnce);
+      ASSERT_TRUE(OpenForWrite(file, place.name()));
+      ASSERT_TRUE(WriteInfo(file, definition.get()));
+      for (LONG i = 0; i < kRecords; ++i) {
+        if (WriteNumbered(file, definition, i, 1) == 1) written.push_back(i);
+      }
+      happened = failing.Happened();
+    }
+    EXPECT_EQ(written.size(), static_cast<std::size_t>(happened ? kRecords - 1 : kRecords))
+        << "call " << which;
+    EXPECT_EQ(NumbersIn(place), written) << "call " << which;
+  }
+}
 
 class EachWriteIsHeldUp : public testing::TestWithParam<Fault> {};
 
@@ -225,6 +251,23 @@ TEST_P(EachWriteIsHeldUp, EveryLargeRecordIsWritten) {
     EXPECT_EQ(writing.written, kLargeRecords) << "call " << which;
     EXPECT_EQ(LargeRecordsIn(place), kLargeRecords) << "call " << which;
   }
+}
+
+// Where the memory cannot even be promised, the call says so.
+TEST(AnnouncedSize, TakesNoMemoryUntilItIsWritten) {
+  const MemoryLimit limit;
+  const auto unit = NewForeign<ForeignUnit>();
+  unit->packet_size.value = 0x10000000;
+  unit->write.result = VARIANT_FALSE;
+  const TempFile place;
+  const auto file = NewFile();
+  ASSERT_TRUE(OpenForWrite(file, place.name()));
+  VARIANT_BOOL written = VARIANT_TRUE;
+  const HRESULT status = file->WriteUnit(unit.get(), &written);
+  EXPECT_TRUE(status == S_OK || status == E_OUTOFMEMORY);
+  EXPECT_EQ(written, VARIANT_FALSE);
+  EXPECT_TRUE(limit.Kept());
+  EXPECT_EQ(place.Contents(), FileHeader());
 }
 
 // A descriptor that somebody closed, and a pipe that nobody reads any more.

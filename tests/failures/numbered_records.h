@@ -23,7 +23,7 @@ inline LONG WriteNumbered(const Ptr<IOrmFile>& file, const Ptr<IStructureDef>& d
   for (LONG i = 0; i < count; ++i) {
     PutItem(record, OLESTR("Number"), I4(first + i));
     PutItem(record, OLESTR("Text"),
-            Variant(WideView(WideString(static_cast<std::size_t>(i % 50), OLESTR('t')))));
+            Variant(WideView(WideString(static_cast<std::size_t>((first + i) % 50), OLESTR('t')))));
     VARIANT_BOOL done = VARIANT_FALSE;
     if (FAILED(file->WriteData(record.get(), &done)) || done == VARIANT_FALSE) return i;
   }

@@ -4,7 +4,6 @@
 #include "tests/support/foreign_definition.h"
 #include "tests/support/foreign_stream.h"
 #include "tests/support/foreign_value.h"
-#include "tests/support/memory.h"
 #include "tests/support/raised.h"
 #include "tests/support/streams.h"
 
@@ -115,20 +114,6 @@ TEST_F(OrmFileUnit, UnitThatCannotWriteItselfIsFalseAndLeavesNoBytes) {
   unit->packet_size.value = 100000;
   unit->write.result = VARIANT_FALSE;
   EXPECT_FALSE(WriteUnit(file_, unit.get()));
-  EXPECT_EQ(Records(), "");
-}
-
-// Where the memory cannot even be promised, the call says so.
-TEST_F(OrmFileUnit, UnitThatAnnouncesMoreThanItWritesTakesNoMemory) {
-  const MemoryLimit limit;
-  const auto unit = NewForeign<ForeignUnit>();
-  unit->packet_size.value = 0x10000000;
-  unit->write.result = VARIANT_FALSE;
-  VARIANT_BOOL written = VARIANT_TRUE;
-  const HRESULT status = file_->WriteUnit(unit.get(), &written);
-  EXPECT_TRUE(status == S_OK || status == E_OUTOFMEMORY);
-  EXPECT_EQ(written, VARIANT_FALSE);
-  EXPECT_TRUE(limit.Kept());
   EXPECT_EQ(Records(), "");
 }
 

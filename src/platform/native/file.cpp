@@ -9,6 +9,7 @@
 #include <sys/uio.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <string>
@@ -75,15 +76,32 @@ class BrokenPipeGuard {
   bool blocked_ = false;
 };
 
-bool WriteAll(FileHandle handle, const void* bytes, std::uint32_t size) noexcept {
-  std::uint32_t done = 0;
-  while (done < size) {
+// Writes the bytes from position `*done` on, which moves with them.
+bool WriteRest(FileHandle handle, std::span<const unsigned char> bytes, std::size_t* done) noexcept {
+  while (*done < bytes.size()) {
     const ssize_t n =
-        Uninterrupted([&] { return write(handle, static_cast<const char*>(bytes) + done, size - done); });
+        Uninterrupted([&] { return write(handle, bytes.data() + *done, bytes.size() - *done); });
     if (n <= 0) return false;
-    done += static_cast<std::uint32_t>(n);
+    *done += static_cast<std::size_t>(n);
   }
   return true;
+}
+
+// Takes the last bytes back that were written: the next ones are written in their place.
+void TakeBack(FileHandle handle, std::size_t size) noexcept {
+  if (size == 0) return;
+  const off_t start = lseek(handle, -static_cast<off_t>(size), SEEK_CUR);
+  struct stat status {};
+  if (start < 0 || fstat(handle, &status) != 0) return;
+  const bool were_last = status.st_size == start + static_cast<off_t>(size);
+  if (were_last) static_cast<void>(Uninterrupted([&] { return ftruncate(handle, start); }));
+}
+
+bool WriteAll(FileHandle handle, std::span<const unsigned char> bytes, Remains remains) noexcept {
+  std::size_t done = 0;
+  if (WriteRest(handle, bytes, &done)) return true;
+  if (remains == Remains::kTakenBack) TakeBack(handle, done);
+  return false;
 }
 
 // As WriteAll for two parts.
@@ -93,14 +111,11 @@ bool WriteBoth(FileHandle handle, std::span<const unsigned char> first,
                    {const_cast<unsigned char*>(second.data()), second.size()}};
   const ssize_t n = Uninterrupted([&] { return writev(handle, parts, 2); });
   if (n <= 0) return false;
-  const auto done = static_cast<std::size_t>(n);
-  if (done < first.size()) {
-    const std::span<const unsigned char> rest = first.subspan(done);
-    return WriteAll(handle, rest.data(), static_cast<std::uint32_t>(rest.size())) &&
-           WriteAll(handle, second.data(), static_cast<std::uint32_t>(second.size()));
-  }
-  const std::span<const unsigned char> rest = second.subspan(done - first.size());
-  return WriteAll(handle, rest.data(), static_cast<std::uint32_t>(rest.size()));
+  std::size_t of_first = std::min(static_cast<std::size_t>(n), first.size());
+  std::size_t of_second = static_cast<std::size_t>(n) - of_first;
+  if (WriteRest(handle, first, &of_first) && WriteRest(handle, second, &of_second)) return true;
+  TakeBack(handle, of_first + of_second);
+  return false;
 }
 
 }  // namespace
@@ -139,10 +154,12 @@ bool ReadSomeFromFile(FileHandle handle, void* bytes, std::uint32_t size, std::u
 
 bool CanBreak(FileHandle handle) noexcept { return lseek(handle, 0, SEEK_CUR) < 0; }
 
-bool WriteToFile(FileHandle handle, const void* bytes, std::uint32_t size, bool can_break) noexcept {
-  if (!can_break) return WriteAll(handle, bytes, size);
+bool WriteToFile(FileHandle handle, const void* bytes, std::uint32_t size, bool can_break,
+                 Remains remains) noexcept {
+  const std::span whole(static_cast<const unsigned char*>(bytes), size);
+  if (!can_break) return WriteAll(handle, whole, remains);
   const BrokenPipeGuard guard;
-  return WriteAll(handle, bytes, size);
+  return WriteAll(handle, whole, remains);
 }
 
 bool GathersWrites() noexcept { return true; }

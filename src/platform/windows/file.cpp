@@ -55,7 +55,7 @@ bool ReadSomeFromFile(FileHandle handle, void* bytes, std::uint32_t size, std::u
 // A broken pipe is a failed write like any other.
 bool CanBreak(FileHandle) noexcept { return false; }
 
-bool WriteToFile(FileHandle handle, const void* bytes, std::uint32_t size, bool) noexcept {
+bool WriteToFile(FileHandle handle, const void* bytes, std::uint32_t size, bool, Remains) noexcept {
   DWORD written = 0;
   return WriteFile(ToSystem(handle), bytes, size, &written, nullptr) != FALSE && written == size;
 }
