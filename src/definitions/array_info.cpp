@@ -18,7 +18,7 @@ SHORT TypeOf(const Ptr<IValueDefBase>& definition) {
 }
 
 // The class of the values: decided by element type and count.
-REFCLSID ValueClass(SHORT element_type, ULONG element_count) noexcept {
+REFCLSID ClassFor(SHORT element_type, ULONG element_count) noexcept {
   if (element_type == kString) return kStringArrayClass;
   if (element_type > kLastElementaryType) return kArrayClass;
   return element_count != 0 ? kSimpleFixedArrayClass : kSimpleArrayClass;
@@ -69,9 +69,16 @@ HRESULT ArrayInfo::CreateDataObject(IValueBase** ppResult) {
   return Call("CreateDataObject", [&] {
     HandOut(ppResult, [&] {
       const SHORT element_type = TypeOf(ElementDefinition());
-      return CreateValueOf(this, ValueClass(element_type, layout_.element_count));
+      return CreateValueOf(this, ClassFor(element_type, layout_.element_count));
     });
   });
+}
+
+const CLSID* ArrayInfo::ValueClass() noexcept {
+  SHORT element_type = kInvalid;
+  if (layout_.value_type.inside == nullptr) return nullptr;
+  if (FAILED(layout_.value_type.object->get_Type(&element_type))) return nullptr;
+  return &ClassFor(element_type, layout_.element_count);
 }
 
 HRESULT ArrayInfo::ReadFromBuffer(unsigned char* pBuffer, ULONG dwBufferSize, ULONG* pdwBytesRead,
@@ -105,21 +112,19 @@ HRESULT ArrayInfo::get_DataType(SHORT* pnType) {
 HRESULT ArrayInfo::put_DataType(SHORT nType) {
   return Call("DataType", [&] {
     if (nType > kLastElementaryType) return;
-    if (!layout_.value_type) layout_.value_type = ConstructAs<IValueDefBase>(kSimpleValueInfoClass);
+    if (!layout_.value_type.object)
+      layout_.value_type = HeldDefinition(ConstructAs<IValueDefBase>(kSimpleValueInfoClass));
     const Ptr<IValueDefBase> element = ElementDefinition();
     Check(element->put_Type(nType), element);
   });
 }
 
 HRESULT ArrayInfo::get_ValueType(IValueDefBase** ppDef) {
-  return Call("ValueType", [&] { HandOut(ppDef, Ptr(layout_.value_type)); });
+  return Call("ValueType", [&] { HandOut(ppDef, Ptr(layout_.value_type.object)); });
 }
 
 HRESULT ArrayInfo::put_ValueType(IValueDefBase* pDef) {
-  return Call("ValueType", [&] {
-    Ptr<IValueDefBase> definition = QueryFor<IValueDefBase>(pDef);
-    layout_.value_type = std::move(definition);
-  });
+  return Call("ValueType", [&] { layout_.value_type = HeldDefinition(QueryFor<IValueDefBase>(pDef)); });
 }
 
 HRESULT ArrayInfo::get_ElementCount(LONG* pnCount) {
@@ -137,7 +142,7 @@ HRESULT ArrayInfo::get_DataTypeString(BSTR* psType) {
 }
 
 Ptr<IValueDefBase> ArrayInfo::ElementDefinition() const {
-  return Require(layout_.value_type, "the array definition has no element definition");
+  return Require(layout_.value_type.object, "the array definition has no element definition");
 }
 
 bool ArrayInfo::Decode(ReadCursor& cursor) {
@@ -148,8 +153,8 @@ bool ArrayInfo::Decode(ReadCursor& cursor) {
   if (level.TooDeep() || !identity_.Decode(cursor) || !cursor.Take(count)) return false;
   layout_.element_count = count;
   if (!cursor.Take(type) || !cursor.Take(size)) return false;
-  Ptr<IValueDefBase> definition = DefinitionForReading(type, layout_.value_type);
-  layout_.value_type = definition;
+  Ptr<IValueDefBase> definition = DefinitionForReading(type, layout_.value_type.object);
+  layout_.value_type = HeldDefinition(definition);
   return DecodeDefinition(*Require(definition, "the type of the elements has no definition class"), cursor);
 }
 

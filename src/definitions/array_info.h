@@ -33,6 +33,7 @@ class ArrayInfo : public CompositeDefinition<ArrayInfo, IArrayDef, IArrayLayoutS
   HRESULT STDMETHODCALLTYPE put_ElementCount(LONG nCount) override;
   HRESULT STDMETHODCALLTYPE get_DataTypeString(BSTR* psType) override;
 
+  const CLSID* ValueClass() noexcept override;
   const ArrayLayout& Layout() override { return layout_; }
 
   [[nodiscard]] bool Decode(ReadCursor& cursor);

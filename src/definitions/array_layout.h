@@ -4,6 +4,7 @@
 // definition, so a value copies what it must rely on.
 #pragma once
 
+#include "definitions/held_definition.h"
 #include "halyard/definitions/value_def_base.h"
 #include "halyard/object/ptr.h"
 #include "halyard/types/type_codes.h"
@@ -12,7 +13,7 @@ namespace halyard {
 
 struct ArrayLayout {
   // The element definition; empty until a client sets one.
-  Ptr<IValueDefBase> value_type;
+  HeldDefinition value_type;
 
   // 0 where each value has a length of its own.
   ULONG element_count = 0;

@@ -38,8 +38,10 @@ HRESULT EnumerationInfo::get_PacketSize(ULONG* pdwSize) {
 
 HRESULT EnumerationInfo::CreateDataObject(IValueBase** ppResult) {
   return Call("CreateDataObject",
-              [&] { HandOut(ppResult, [&] { return CreateValueOf(this, kEnumerationClass); }); });
+              [&] { HandOut(ppResult, [&] { return CreateValueOf(this, *ValueClass()); }); });
 }
+
+const CLSID* EnumerationInfo::ValueClass() noexcept { return &kEnumerationClass; }
 
 HRESULT EnumerationInfo::get_ElementCount(LONG* pnCount) {
   return Call("ElementCount", [&] { Out(pnCount) = static_cast<LONG>(elements_.size()); });

@@ -31,6 +31,8 @@ class EnumerationInfo : public CompositeDefinition<EnumerationInfo, IEnumeration
   HRESULT STDMETHODCALLTYPE RemoveAll() override;
   HRESULT STDMETHODCALLTYPE get_DataTypeString(BSTR* psType) override;
 
+  const CLSID* ValueClass() noexcept override;
+
   [[nodiscard]] bool Decode(ReadCursor& cursor);
   [[nodiscard]] bool Encode(WriteCursor& cursor) const;
 

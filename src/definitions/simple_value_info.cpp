@@ -101,8 +101,10 @@ HRESULT SimpleValueInfo::get_PacketSize(ULONG* pdwSize) {
 
 HRESULT SimpleValueInfo::CreateDataObject(IValueBase** ppResult) {
   return Call("CreateDataObject",
-              [&] { HandOut(ppResult, [&] { return CreateValueOf(this, kSimpleValueClass); }); });
+              [&] { HandOut(ppResult, [&] { return CreateValueOf(this, *ValueClass()); }); });
 }
+
+const CLSID* SimpleValueInfo::ValueClass() noexcept { return &kSimpleValueClass; }
 
 HRESULT SimpleValueInfo::get_MinValue(VARIANT* pvMin) {
   return Call("MinValue", [&] { HandOut(pvMin, [&] { return Variant::CopyOf(min_value_.get()); }); });

@@ -35,6 +35,8 @@ class SimpleValueInfo : public DefinitionObject<SimpleValueInfo, ISimpleValueInf
   HRESULT STDMETHODCALLTYPE put_ValidationScript(BSTR sScript) override;
   HRESULT STDMETHODCALLTYPE SetDataSize(LONG nSize) override;
 
+  const CLSID* ValueClass() noexcept override;
+
   SHORT TypeCode() const noexcept { return type_; }
   [[nodiscard]] bool Decode(ReadCursor& cursor);
   [[nodiscard]] bool Encode(WriteCursor& cursor);

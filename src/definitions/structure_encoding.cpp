@@ -30,7 +30,7 @@ ULONG MemberTextSize(const MemberLayout& member) noexcept {
 }
 
 bool EncodeMember(WriteCursor& cursor, const MemberLayout& member) {
-  const Ptr<IValueDefBase> definition = member.definition;
+  const Ptr<IValueDefBase> definition = member.definition.object;
   if (!PutText(cursor, member.name) || !PutText(cursor, member.caption) ||
       !cursor.Put(static_cast<std::uint8_t>(member.can_be_null ? 1 : 0))) {
     return false;
@@ -54,7 +54,7 @@ HRESULT StructureInfo::get_PacketSize(ULONG* pdwSize) {
     ULONG total = identity_.PacketSize() + kCountAndSizeBytes;
     for (std::size_t i = 0; i < layout.members.size(); ++i) {
       total += MemberTextSize(layout.members[i]);
-      const Ptr<IValueDefBase> definition = Require(layout.members[i].definition, kNoDefinition);
+      const Ptr<IValueDefBase> definition = Require(layout.members[i].definition.object, kNoDefinition);
       ULONG size = 0;
       Check(definition->get_PacketSize(&size), definition);
       total += kMemberBytes + size;
@@ -104,8 +104,8 @@ bool StructureInfo::DecodeMember(ReadCursor& cursor, std::size_t position) {
   if (!cursor.Take(can_be_null)) return false;
   Reached(position).can_be_null = can_be_null != 0;
   if (!cursor.Take(type) || !cursor.Take(size)) return false;
-  const Ptr<IValueDefBase> definition = DefinitionForReading(type, Reached(position).definition);
-  Reached(position).definition = definition;
+  const Ptr<IValueDefBase> definition = DefinitionForReading(type, Reached(position).definition.object);
+  Reached(position).definition = HeldDefinition(definition);
   return DecodeDefinition(*Require(definition, "a member's type has no definition class"), cursor);
 }
 

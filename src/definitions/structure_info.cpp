@@ -54,6 +54,7 @@ class MemberPlacer {
     const auto size = static_cast<std::uint16_t>(measure.size);
     const bool fixed = size != 0 && !member.can_be_null && measure.type <= kLastElementaryType;
     member.type = static_cast<std::uint16_t>(measure.type);
+    member.number = NumberFormOf(measure.type);
     member.size = fixed ? size : std::uint16_t{0};
     member.offset = fixed ? offset_ : slot_;
     if (fixed) {
@@ -89,8 +90,12 @@ HRESULT StructureInfo::CalculateDataSize(ULONG* pdwSize) {
 HRESULT StructureInfo::CreateDataObject(IValueBase** ppResult) {
   return Call("CreateDataObject", [&] {
     EmptyOut(ppResult);
-    *ppResult = CreateValueOf(this, layout_.fixed ? kSimpleFixedStructureClass : kStructureClass).Detach();
+    *ppResult = CreateValueOf(this, *ValueClass()).Detach();
   });
+}
+
+const CLSID* StructureInfo::ValueClass() noexcept {
+  return layout_.fixed ? &kSimpleFixedStructureClass : &kStructureClass;
 }
 
 HRESULT StructureInfo::get_MemberCount(LONG* pnCount) { return get_Count(pnCount); }
@@ -113,14 +118,15 @@ HRESULT StructureInfo::put_MemberName(LONG nIndex, BSTR sName) {
 HRESULT StructureInfo::get_Members(VARIANT vIndex, IValueDefBase** ppDef) {
   return Call("Members", [&] {
     EmptyOut(ppDef);
-    if (const auto position = FindMember(vIndex)) *ppDef = Ptr(MemberAt(*position).definition).Detach();
+    if (const auto position = FindMember(vIndex))
+      *ppDef = Ptr(MemberAt(*position).definition.object).Detach();
   });
 }
 
 HRESULT StructureInfo::put_Members(VARIANT vIndex, IValueDefBase* pDef) {
   return Call("Members", [&] {
     if (pDef == nullptr) throw Error(E_INVALIDARG, "a member's definition cannot be replaced by none");
-    Ptr<IValueDefBase> definition = QueryFor<IValueDefBase>(pDef);
+    HeldDefinition definition(QueryFor<IValueDefBase>(pDef));
     // Swapped, so that the old definition ends when the table is whole again.
     if (MemberLayout* member = FindForChange(vIndex)) std::swap(member->definition, definition);
   });
@@ -161,7 +167,7 @@ HRESULT StructureInfo::Remove(VARIANT vIndex) {
     if (member == nullptr) return;
     std::vector<MemberLayout>& members = Whole().members;
     // Held until the table is whole again: a member's end may look at it.
-    const Ptr<IValueDefBase> definition = std::move(member->definition);
+    const HeldDefinition definition = std::move(member->definition);
     members.erase(members.begin() + (member - members.data()));
     layout_.ForgetNames();
   });
@@ -251,7 +257,7 @@ MemberLayout* StructureInfo::FindForChange(const VARIANT& index) {
 void StructureInfo::Append(BSTR name, Ptr<IValueDefBase> definition) {
   MemberLayout member;
   member.name.Set(name);
-  member.definition = std::move(definition);
+  member.definition = HeldDefinition(std::move(definition));
   Whole().members.push_back(std::move(member));
 }
 
@@ -263,7 +269,7 @@ void StructureInfo::CalculateLayout() {
   MemberPlacer placer;
   // By position: a definition of the client's may change the table while it is asked.
   for (std::size_t i = 0; i < layout.members.size(); ++i) {
-    const MemberMeasure measure = Measure(layout.members[i].definition);
+    const MemberMeasure measure = Measure(layout.members[i].definition.object);
     if (i >= layout.members.size()) break;
     placer.Place(layout.members[i], measure);
     if (layout.members[i].size == 0) layout.fixed = false;

@@ -41,6 +41,7 @@ class StructureInfo : public CompositeDefinition<StructureInfo, IStructureInfo, 
                                                  VARIANT_BOOL* pbResult) override;
 
   StructureLayout& Layout() override { return layout_; }
+  const CLSID* ValueClass() noexcept override;
   IValueDefBase* Outside() noexcept override { return static_cast<IStructureInfo*>(this); }
 
   [[nodiscard]] bool Decode(ReadCursor& cursor);

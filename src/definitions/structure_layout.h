@@ -8,10 +8,12 @@
 #include <cstdint>
 #include <vector>
 
+#include "definitions/held_definition.h"
 #include "definitions/name_index.h"
 #include "halyard/definitions/value_def_base.h"
 #include "halyard/object/ptr.h"
 #include "object/optional_text.h"
+#include "types/number_fields.h"
 
 namespace halyard {
 
@@ -26,6 +28,9 @@ struct MemberLayout {
   // The bytes that a fixed member takes; 0 for any other member.
   std::uint16_t size = 0;
 
+  // How a field of the type is read and stored.
+  NumberForm number;
+
   OptionalText name;
 
   // Travels with the encoding and has no other use.
@@ -34,7 +39,7 @@ struct MemberLayout {
   bool can_be_null = false;
 
   // May be empty: a client can leave a member without a definition.
-  Ptr<IValueDefBase> definition;
+  HeldDefinition definition;
 };
 
 struct StructureLayout {

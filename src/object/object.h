@@ -111,6 +111,9 @@ class Object : public Interfaces..., public IObjectSafety, public ISupportErrorI
   // Whether exactly one reference holds the object, and no outer one does.
   [[nodiscard]] virtual bool HeldOnce() const noexcept = 0;
 
+  // Whether the object is part of an outer one.
+  [[nodiscard]] virtual bool IsPart() const noexcept = 0;
+
   // Makes the frame that of a new object again.
   void ResetFrame() noexcept { safety_ = {}; }
 
@@ -186,6 +189,7 @@ class PlainObject final : public T {
 
  protected:
   bool HeldOnce() const noexcept override { return references_ == 1; }
+  bool IsPart() const noexcept override { return false; }
 
  private:
   ULONG references_ = 0;
@@ -227,6 +231,7 @@ class AggregatedObject final : public IUnknown {
 
    protected:
     bool HeldOnce() const noexcept override { return false; }
+    bool IsPart() const noexcept override { return true; }
 
    private:
     IUnknown* outer_;  // not counted: the outer object owns the part

@@ -64,11 +64,6 @@ bool FileChannel::Read(void* bytes, std::uint32_t size, std::uint32_t* count) no
   return true;
 }
 
-unsigned char* FileChannel::TakeAhead(std::uint32_t size) noexcept {
-  if (ahead() < size) return nullptr;
-  return ahead_.get() + std::exchange(ahead_begin_, ahead_begin_ + size);
-}
-
 std::optional<std::uint64_t> FileChannel::BytesToEnd() const noexcept {
   auto left = halyard::BytesToEnd(handle_);
   if (left) *left += ahead();

@@ -9,6 +9,7 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <utility>
 
 #include "platform/file.h"
 
@@ -37,6 +38,9 @@ class FileChannel {
   // Hands over what waits. False where written bytes were lost since the handle was taken.
   bool Flush() noexcept;
 
+  // Whether no bytes wait to be written.
+  [[nodiscard]] bool NothingWaits() const noexcept { return waiting_size_ == 0; }
+
   // Counts no more what was lost so far.
   void ForgetLoss() noexcept { lost_ = false; }
 
@@ -48,9 +52,17 @@ class FileChannel {
   // of the file. False when the system reports a failure.
   bool Read(void* bytes, std::uint32_t size, std::uint32_t* count) noexcept;
 
+  // The next `size` bytes where they lie, if they were read ahead as a whole; else null.
+  [[nodiscard]] const unsigned char* LookAhead(std::uint64_t size) const noexcept {
+    return ahead() < size ? nullptr : ahead_.get() + ahead_begin_;
+  }
+
   // Takes the next `size` bytes where they lie, if they were read ahead as a whole; else
   // null. They stay there until the next call that reads.
-  unsigned char* TakeAhead(std::uint32_t size) noexcept;
+  unsigned char* TakeAhead(std::uint32_t size) noexcept {
+    if (ahead() < size) return nullptr;
+    return ahead_.get() + std::exchange(ahead_begin_, ahead_begin_ + size);
+  }
 
   // How many bytes follow; none for a file that has no length.
   [[nodiscard]] std::optional<std::uint64_t> BytesToEnd() const noexcept;

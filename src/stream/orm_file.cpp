@@ -37,16 +37,16 @@ std::uint64_t RecordSize(const ReadyBody& body) noexcept {
 
 // Puts what leads the bytes of a value in the record of a data unit; the bytes put.
 std::size_t PutHead(unsigned char* record, const ReadyBody& body) noexcept {
-  struct Head {
-    std::uint32_t length;
-    std::uint16_t kind;
-    SHORT type;
-    SHORT id;
-  };
-  static_assert(offsetof(Head, id) + sizeof(SHORT) == kHeadBytes);
-  const Head head{static_cast<std::uint32_t>(RecordSize(body) - kLengthBytes), kDataUnit, body.type, body.id};
-  std::memcpy(record, &head, kHeadBytes);
-  std::memcpy(record + kHeadBytes, body.head.data(), body.head_size);
+  // Put together in a register: what is stored in pieces cannot be copied at once.
+  constexpr int kKindBit = 32;
+  constexpr int kTypeBit = 48;
+  std::uint64_t words = static_cast<std::uint32_t>(RecordSize(body) - kLengthBytes);
+  words |= std::uint64_t{kDataUnit} << kKindBit;
+  words |= std::uint64_t{static_cast<std::uint16_t>(body.type)} << kTypeBit;
+  static_assert(sizeof words + sizeof body.id == kHeadBytes);
+  std::memcpy(record, &words, sizeof words);
+  std::memcpy(record + sizeof words, &body.id, sizeof body.id);
+  if (body.head_size != 0) std::memcpy(record + kHeadBytes, body.head.data(), body.head_size);
   return kHeadBytes + body.head_size;
 }
 
@@ -137,10 +137,12 @@ HRESULT OrmFile::WriteData(IValueBase* pData, VARIANT_BOOL* pbResult) {
     Out(pbResult) = VARIANT_FALSE;
     const Ptr<IUnit> unit = Require(unit_, "the file has no current unit");
     if (own_unit_ == nullptr || !own_unit_->HoldsValue(pData)) Check(unit->put_Value(pData), unit);
+    // A value of a client's may have come back here when it was put.
+    Unit* const own = unit_ == unit ? own_unit_ : nullptr;
+    if (own == nullptr || !own->IsWhole()) return WriteUnit(unit.get(), pbResult);
     ReadyBody body;
-    if (own_unit_ == nullptr || !own_unit_->FindReadyBody(body) || !IsWorthwhile(body))
-      return WriteUnit(unit.get(), pbResult);
-    *pbResult = ToResult(WriteReady(body));
+    const bool is_ready = own->FindReadyBody(body) && IsWorthwhile(body);
+    *pbResult = ToResult(is_ready ? WriteReady(body) : WriteCurrentUnit());
     return S_OK;
   });
 }
@@ -165,26 +167,22 @@ HRESULT OrmFile::WriteUnit(IUnit* pData, VARIANT_BOOL* pbResult) {
 HRESULT OrmFile::ReadUnit(IUnit** ppData) {
   return Call("ReadUnit", [&] {
     EmptyOut(ppData);
-    if (own_unit_ == nullptr || !own_unit_->Renew()) {
-      SetUnit(nullptr);
-      SetUnit(ActivateAs<IUnit>(kUnitClass));
-    }
-    if (ReadRecord()) {
-      *ppData = Ptr(unit_).Detach();
-    } else if (own_unit_ != nullptr) {
-      own_unit_->DropSpare();
-    }
+    if (ReadIntoNewUnit()) *ppData = Ptr(unit_).Detach();
   });
 }
 
 HRESULT OrmFile::ReadData(IValueBase** ppData) {
   return Call("ReadData", [&] {
     EmptyOut(ppData);
-    Ptr<IUnit> unit;
-    Check(ReadUnit(unit.Out()), static_cast<IOrmFile*>(this));
+    const bool done = ReadIntoNewUnit();
     if (!unit_) return;
-    Require(unit, "there is no further record, or it is cut short");
-    Check(unit->get_Value(ppData), unit);
+    if (!done) throw Error(E_POINTER, "there is no further record, or it is cut short");
+    if (own_unit_ != nullptr && own_unit_->HoldsOwnValue()) {
+      *ppData = own_unit_->ValueForClient().Detach();
+    } else {
+      const Ptr<IUnit> unit = unit_;
+      Check(unit->get_Value(ppData), unit);
+    }
   });
 }
 
@@ -245,14 +243,43 @@ bool OrmFile::WriteHeader() {
          channel_.Write(&kFormatVersion, sizeof kFormatVersion);
 }
 
+bool OrmFile::ReadIntoNewUnit() {
+  try {
+    if (ReadIntoLastValue()) return true;
+    if (own_unit_ == nullptr || !own_unit_->Renew()) {
+      SetUnit(nullptr);
+      SetUnit(ActivateAs<IUnit>(kUnitClass));
+    }
+    const bool done = ReadRecord();
+    if (!done && own_unit_ != nullptr) own_unit_->DropSpare();
+    return done;
+  } catch (...) {
+    ReraiseAsOf(kClassName, "ReadUnit");
+  }
+}
+
+bool OrmFile::ReadIntoLastValue() {
+  if (own_unit_ == nullptr || !own_unit_->HasSession(session_.get()) || !channel_.NothingWaits())
+    return false;
+  const unsigned char* record = channel_.LookAhead(kLengthBytes);
+  if (record == nullptr) return false;
+  std::uint32_t length = 0;
+  std::memcpy(&length, record, kLengthBytes);
+  if (channel_.LookAhead(std::uint64_t{kLengthBytes} + length) == nullptr) return false;
+  ReadCursor cursor(record + kLengthBytes, length);
+  if (!own_unit_->BeginAgain(cursor)) return false;
+  channel_.TakeAhead(kLengthBytes + length);
+  own_unit_->DecodeAgain(cursor);
+  return true;
+}
+
 bool OrmFile::ReadRecord() {
   const Ptr<IUnit> unit = Require(unit_, "the file has no current unit");
   const Ptr<IOrmSession> session = session_;
   if (own_unit_ == nullptr || !own_unit_->HasSession(session.get()))
     Check(unit->put_Session(session.get()), unit);
   std::uint32_t length = 0;
-  std::uint32_t count = 0;
-  if (!channel_.Read(&length, kLengthBytes, &count) || count != kLengthBytes) return false;
+  if (!ReadLength(length)) return false;
   RecordBuffer record(buffer_.get());
   unsigned char* body = record.ReadBody(channel_, length);
   if (body == nullptr) return false;
@@ -268,6 +295,15 @@ bool OrmFile::ReadRecord() {
   return done != VARIANT_FALSE;
 }
 
+bool OrmFile::ReadLength(std::uint32_t& length) {
+  if (const unsigned char* ahead = channel_.NothingWaits() ? channel_.TakeAhead(kLengthBytes) : nullptr) {
+    std::memcpy(&length, ahead, kLengthBytes);
+    return true;
+  }
+  std::uint32_t count = 0;
+  return channel_.Read(&length, kLengthBytes, &count) && count == kLengthBytes;
+}
+
 bool OrmFile::WriteReady(const ReadyBody& body) {
   const auto total = static_cast<std::uint32_t>(RecordSize(body));
   if (total > kWorkBufferSize) {
@@ -281,6 +317,14 @@ bool OrmFile::WriteReady(const ReadyBody& body) {
   }
   PutReady(buffer_.get(), body);
   return channel_.Write(buffer_.get(), total);
+}
+
+bool OrmFile::WriteCurrentUnit() {
+  try {
+    return WriteRecord();
+  } catch (...) {
+    ReraiseAsOf(kClassName, "WriteUnit");
+  }
 }
 
 bool OrmFile::WriteRecord() {

@@ -53,12 +53,24 @@ class OrmFile : public Object<OrmFile, IOrmFile, IOrmFileBuffering> {
   [[nodiscard]] bool ReadHeader();
   [[nodiscard]] bool WriteHeader();
 
+  // Reads one record into a new current unit; false as ReadRecord. Failures are those of
+  // ReadUnit.
+  [[nodiscard]] bool ReadIntoNewUnit();
+
+  // The same where the record was read ahead and goes into the value of the last one. False,
+  // and nothing read, where that cannot be.
+  [[nodiscard]] bool ReadIntoLastValue();
+
   // Reads one record into the current unit; false at the end, for a record that is cut
   // short and for a unit whose own words are.
   [[nodiscard]] bool ReadRecord();
 
-  // Writes the current unit as one record.
+  // Reads the length of the next record; false at the end.
+  [[nodiscard]] bool ReadLength(std::uint32_t& length);
+
+  // Writes the current unit as one record. Failures of the second are those of WriteUnit.
   [[nodiscard]] bool WriteRecord();
+  [[nodiscard]] bool WriteCurrentUnit();
 
   // Writes a data unit whose value lies ready as one record.
   [[nodiscard]] bool WriteReady(const ReadyBody& body);

@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "definitions/definition_key.h"
 #include "platform/text.h"
 #include "types/type_names.h"
 
@@ -19,10 +18,6 @@ SHORT TypeOf(const Ptr<IValueDefBase>& definition) {
   SHORT type = 0;
   Check(definition->get_Type(&type), definition);
   return type;
-}
-
-std::uint32_t KeyOf(SHORT type, SHORT id) noexcept {
-  return std::uint32_t{static_cast<std::uint16_t>(type)} << 16 | static_cast<std::uint16_t>(id);
 }
 
 // Whether the definition tells of changes of its key from now on.
@@ -48,6 +43,7 @@ HRESULT OrmSession::GetTypeFromId(VARIANT vtType, SHORT wId, IValueDefBase** ppT
     if (place == kNone) return;
     const Ptr<IValueDefBase> found = definitions_[place];
     Check(found->QueryInterface(IidOf<IValueDefBase>, reinterpret_cast<void**>(ppTypeInfo)), found);
+    Remember(place, KeyOf(type, wId));
   });
 }
 
@@ -93,8 +89,20 @@ std::size_t OrmSession::Search(SHORT type, SHORT id) const {
   return kNone;
 }
 
+OrmSession* OrmSession::Behind(IOrmSession* session) noexcept {
+  IInsideSession* inside = nullptr;
+  if (session == nullptr) return nullptr;
+  if (FAILED(session->QueryInterface(IidOf<IInsideSession>, reinterpret_cast<void**>(&inside))))
+    return nullptr;
+  inside->Release();
+  OrmSession* self = inside->Self();
+  return static_cast<IOrmSession*>(self) == session ? self : nullptr;
+}
+
 void OrmSession::Put(std::size_t place, Ptr<IValueDefBase> definition, SHORT type, SHORT id) {
-  if (keys_are_told_ && !Watch(definition)) {
+  const bool is_told = keys_are_told_ && Watch(definition);
+  last_ = {};  // last, because the question may have run a client's code
+  if (keys_are_told_ && !is_told) {
     keys_are_told_ = false;
     places_.clear();
   }
@@ -112,7 +120,17 @@ void OrmSession::Put(std::size_t place, Ptr<IValueDefBase> definition, SHORT typ
   }
 }
 
+void OrmSession::Remember(std::size_t place, std::uint32_t key) noexcept {
+  if (last_.inside != nullptr && last_.place == place && last_.key == key) return;
+  // Kept while it is asked: that may run a client's code.
+  const Ptr<IValueDefBase> definition = definitions_[place];
+  last_ = {};
+  IInsideDefinition* inside = InsideOf(definition.get());
+  if (keys_are_told_ && definitions_[place] == definition) last_ = {place, key, inside};
+}
+
 void OrmSession::LearnKeys() {
+  last_ = {};
   places_.clear();
   for (std::size_t i = 0; i < definitions_.size(); ++i)
     places_.emplace(KeyOf(TypeOf(definitions_[i]), IdOf(definitions_[i])), i);

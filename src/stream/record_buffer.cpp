@@ -5,6 +5,7 @@
 #include <limits>
 #include <new>
 
+#include "platform/memory.h"
 #include "types/elementary.h"
 
 namespace halyard {
@@ -51,6 +52,7 @@ unsigned char* RecordBuffer::ReadBody(FileChannel& file, std::uint32_t size) {
   }
   if (size <= kWorkBufferSize) return ReadWhole(file, work_, size) ? work_ : nullptr;
   own_ = NewRawMemory(SizeToKeep(size));
+  ExpectToFill(own_.get(), SizeToKeep(size));
   return ReadWhole(file, own_.get() + kLead, size) ? Kept(size) : nullptr;
 }
 

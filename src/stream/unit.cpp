@@ -32,7 +32,7 @@ HRESULT Unit::get_TypeString(BSTR* psType) {
 HRESULT Unit::get_Value(IValueBase** ppValue) {
   return Call("Value", [&] {
     EmptyOut(ppValue);
-    if (kind_ == kDataUnit) *ppValue = ValueForClient().Detach();
+    *ppValue = ValueForClient().Detach();
   });
 }
 
@@ -83,7 +83,9 @@ HRESULT Unit::get_Session(IOrmSession** ppSession) {
 HRESULT Unit::put_Session(IOrmSession* pSession) {
   return Call("Session", [&] {
     Ptr<IOrmSession> session = QueryFor<IOrmSession>(pSession);
+    own_session_ = nullptr;  // first, because the end of the earlier session may come back here
     session_ = std::move(session);
+    own_session_ = OrmSession::Behind(session_.get());
   });
 }
 
@@ -113,6 +115,7 @@ bool Unit::Renew() {
 }
 
 Ptr<IValueBase> Unit::ValueForClient() const {
+  if (kind_ != kDataUnit) return {};
   if (value_.inside != nullptr) return value_.object;
   return QueryFor<IValueBase>(Ptr(value_.object).get());
 }

@@ -4,11 +4,11 @@
 #include <cstdint>
 
 #include "halyard/definitions/value_def_base.h"
-#include "halyard/stream/orm_session.h"
 #include "halyard/stream/unit.h"
 #include "halyard/values/value_base.h"
 #include "object/cursor.h"
 #include "object/object.h"
+#include "stream/orm_session.h"
 #include "values/nested_value.h"
 
 namespace halyard {
@@ -53,10 +53,17 @@ class Unit : public Object<Unit, IUnit, IInsideUnit> {
   // unit then, as after a put of the value.
   bool HoldsValue(const IValueBase* value) noexcept;
 
+  // Whether it is a data unit with a value of this library.
+  [[nodiscard]] bool HoldsOwnValue() const noexcept { return kind_ == kDataUnit && value_.inside != nullptr; }
+
   // Whether the bytes of the value that the unit holds lie ready.
   [[nodiscard]] bool FindReadyBody(ReadyBody& body) {
     return kind_ == kDataUnit && value_.inside != nullptr && value_.inside->FindReadyBody(body);
   }
+
+  // What Value answers to a client: none in a unit of another kind. Raises what a value of
+  // a client's answers to the query.
+  [[nodiscard]] Ptr<IValueBase> ValueForClient() const;
 
   // Becomes a new unit again, with the session that it had, where nobody but the caller
   // holds it; false otherwise. A value that it held may serve a second time.
@@ -64,6 +71,17 @@ class Unit : public Object<Unit, IUnit, IInsideUnit> {
 
   // Lets go of the value of an earlier life.
   void DropSpare() noexcept { spare_ = HeldValue(); }
+
+  // Takes the unit's own words from a record of a file and becomes a new data unit whose
+  // value is the one that it held, renewed. False, and the unit as it was, where that takes
+  // more than a glance; the value may be used for nothing but renewal then.
+  [[nodiscard]] bool BeginAgain(ReadCursor& cursor);
+
+  // Reads the value that was renewed, from what follows.
+  void DecodeAgain(ReadCursor& cursor);
+
+  // Whether the unit is no part of another object, so that it answers for itself.
+  [[nodiscard]] bool IsWhole() const noexcept { return !IsPart(); }
 
   // As ReadFromBuffer for a record of a file, whose memory the cursor may offer.
   [[nodiscard]] bool DecodeRecord(ReadCursor& cursor);
@@ -80,9 +98,6 @@ class Unit : public Object<Unit, IUnit, IInsideUnit> {
     kDone,
   };
 
-  // The value as a client gets it; raises what a value of a client's answers to the query.
-  Ptr<IValueBase> ValueForClient() const;
-
   // The type code of the body that the kind selects; 0 without one.
   SHORT BodyType();
 
@@ -95,18 +110,19 @@ class Unit : public Object<Unit, IUnit, IInsideUnit> {
   Reading DecodeInfo(ReadCursor& cursor, std::uint16_t type);
 
   // Makes a value for a data unit of that definition, or renews the spare one.
-  HeldValue NewValue(const Ptr<IValueDefBase>& definition);
+  HeldValue NewValue(const HeldDefinition& definition);
 
   // Puts a fresh value for a data unit into the slot. False when the session does not
   // know the definition, or the type has no reader.
   bool PrepareValue(std::uint16_t type, SHORT id);
-  Ptr<IValueDefBase> FindDefinition(std::uint16_t type, SHORT id);
+  HeldDefinition FindDefinition(std::uint16_t type, SHORT id);
 
   HeldValue value_;
   HeldValue spare_;  // of an earlier life, for the value that is read next
   Ptr<IValueDefBase> info_;
   std::uint16_t kind_ = kDataUnit;
   Ptr<IOrmSession> session_;
+  OrmSession* own_session_ = nullptr;  // the session, if it is one of this library
 };
 
 }  // namespace halyard

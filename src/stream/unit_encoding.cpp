@@ -11,6 +11,15 @@
 
 namespace halyard {
 
+namespace {
+
+// Whether values of the type are made by a definition that the session knows.
+bool HasDefinition(std::uint16_t type) noexcept {
+  return type == kStructure || type == kArray || type == kEnumeration;
+}
+
+}  // namespace
+
 HRESULT Unit::WriteToBuffer(unsigned char* pBuffer, ULONG dwBufferSize, ULONG* pdwBytesWritten,
                             VARIANT_BOOL* pbResult) {
   return Call("WriteToBuffer", [&] {
@@ -40,6 +49,29 @@ bool Unit::DecodeRecord(ReadCursor& cursor) {
     const Reading reading = Decode(cursor);
     DropSpare();
     return reading != Reading::kCutShort;
+  } catch (...) {
+    ReraiseAsOf(kClassName, "ReadFromBuffer");
+  }
+}
+
+bool Unit::BeginAgain(ReadCursor& cursor) {
+  if (!HeldOnce() || info_ || own_session_ == nullptr) return false;
+  std::uint16_t kind = 0;
+  std::uint16_t type = 0;
+  SHORT id = 0;
+  if (!cursor.Take(kind) || !cursor.Take(type) || !cursor.Take(id) || kind != kDataUnit) return false;
+  if (!HasDefinition(type)) return false;
+  if (!RenewValue(value_, own_session_->FindAgain(static_cast<SHORT>(type), id))) return false;
+  ResetFrame();
+  kind_ = kDataUnit;
+  return true;
+}
+
+void Unit::DecodeAgain(ReadCursor& cursor) {
+  try {
+    // Whether the body is whole makes no difference to the reader of a record. The value
+    // and its parts are those of this library, so nobody can let go of it meanwhile.
+    static_cast<void>(DecodeValue(value_, cursor));
   } catch (...) {
     ReraiseAsOf(kClassName, "ReadFromBuffer");
   }
@@ -98,41 +130,39 @@ Unit::Reading Unit::DecodeData(ReadCursor& cursor, std::uint16_t type) {
 }
 
 bool Unit::PrepareValue(std::uint16_t type, SHORT id) {
-  switch (type) {
-    case kStructure:
-    case kArray:
-    case kEnumeration: {
-      const Ptr<IValueDefBase> definition = FindDefinition(type, id);
-      if (!definition) return false;
-      value_ = NewValue(definition);
-      return true;
-    }
-    case kCollection:
-      value_ = HeldValue();
-      value_ = HeldValue(ActivateAs<IValueBase>(kCollectionClass));
-      return true;
-    default:
-      return false;
+  if (HasDefinition(type)) {
+    const HeldDefinition definition = FindDefinition(type, id);
+    if (!definition.object) return false;
+    value_ = NewValue(definition);
+    return true;
   }
+  if (type != kCollection) return false;
+  value_ = HeldValue();
+  value_ = HeldValue(ActivateAs<IValueBase>(kCollectionClass));
+  return true;
 }
 
-HeldValue Unit::NewValue(const Ptr<IValueDefBase>& definition) {
+HeldValue Unit::NewValue(const HeldDefinition& definition) {
   HeldValue spare = std::exchange(spare_, HeldValue());
-  if (spare.inside != nullptr && spare.inside->Renew(definition.get())) return spare;
+  if (RenewValue(spare, definition.Known())) return spare;
   spare = HeldValue();
   Ptr<IValueBase> value;
-  Check(definition->CreateDataObject(value.Out()), definition);
+  Check(definition.object->CreateDataObject(value.Out()), definition.object);
   return HeldValue(std::move(value));
 }
 
-Ptr<IValueDefBase> Unit::FindDefinition(std::uint16_t type, SHORT id) {
+HeldDefinition Unit::FindDefinition(std::uint16_t type, SHORT id) {
+  if (own_session_ != nullptr) {
+    const KnownDefinition found = own_session_->FindAgain(static_cast<SHORT>(type), id);
+    if (found.object != nullptr) return HeldDefinition(found);
+  }
   const Ptr<IOrmSession> session = Require(session_, "the unit has no session to find the definition in");
   Ptr<IValueDefBase> definition;
   VARIANT code{};
   code.vt = VT_I4;
   code.lVal = type;
   Check(session->GetTypeFromId(code, id, definition.Out()), session);
-  return definition;
+  return HeldDefinition(std::move(definition));
 }
 
 Unit::Reading Unit::DecodeInfo(ReadCursor& cursor, std::uint16_t type) {

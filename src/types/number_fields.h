@@ -29,6 +29,76 @@ bool StoreField(unsigned char* bytes, N value) noexcept {
 
 }  // namespace detail
 
+// How fields of a number type are read and stored, for whoever keeps that beside the field.
+struct NumberForm {
+  VARTYPE variant = VT_EMPTY;   // of the number
+  std::uint8_t read_width = 0;  // the bytes that it is read from; 0 for no number type
+  std::uint8_t own_width = 0;   // the bytes that a number of that variant is stored in as it is, or 0
+};
+
+constexpr NumberForm NumberFormOf(SHORT type) noexcept {
+  switch (type) {
+    case kChar:
+    case kByte:
+      return {VT_UI1, 1, 1};
+    case kShort:
+    case kWord:
+      return {VT_I2, 2, 2};
+    case kLong:
+    case kDWord:
+      return {VT_I4, 4, 4};
+    case kInt64:
+      return {VT_I4, 4, 0};
+    case kShortReal:
+      return {VT_R4, 4, 4};
+    case kReal:
+      return {VT_R8, 8, 8};
+    default:
+      return {};
+  }
+}
+
+// As LoadNumber for a field of that form.
+inline bool LoadNumberOf(NumberForm form, const unsigned char* field, VARIANT& fresh) noexcept {
+  switch (form.read_width) {
+    case 1:
+      fresh = ScalarVariant(form.variant, *field);
+      return true;
+    case 2:
+      fresh = ScalarVariant(form.variant, detail::LoadField<std::uint16_t>(field));
+      return true;
+    case 4:
+      fresh = ScalarVariant(form.variant, detail::LoadField<std::uint32_t>(field));
+      return true;
+    case 8:
+      fresh = ScalarVariant(form.variant, detail::LoadField<std::uint64_t>(field));
+      return true;
+    default:
+      return false;
+  }
+}
+
+// As StoreOwnNumber for a field of that form, where that stores the number as it is.
+inline bool StoreNumberOf(NumberForm form, const VARIANT& value, unsigned char* field) noexcept {
+  if (value.vt != form.variant) return false;
+  switch (form.own_width) {
+    case 1:
+      std::memcpy(field, &value.llVal, 1);
+      return true;
+    case 2:
+      std::memcpy(field, &value.llVal, 2);
+      return true;
+    case 4:
+      std::memcpy(field, &value.llVal, 4);
+      return true;
+    case 8:
+      std::memcpy(field, &value.llVal, 8);
+      return true;
+    default:
+      return false;
+  }
+}
+
 // Makes `fresh`, which is empty and new, hold the number of a field as a new variant
 // holds it; false, and nothing changed, for types that are no number type.
 inline bool LoadNumber(const unsigned char* field, SHORT type, VARIANT& fresh) noexcept {

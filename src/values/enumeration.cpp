@@ -1,6 +1,7 @@
 #include "values/enumeration.h"
 
 #include "definitions/enumeration_number.h"
+#include "halyard/classes.h"
 
 namespace halyard {
 namespace {
@@ -43,7 +44,8 @@ HRESULT Enumeration::get_Value(VARIANT* pvValue) {
 }
 
 HRESULT Enumeration::put_Value(VARIANT vValue) {
-  return Call("Value", [&] { value_ = Variant::Converted(vValue, VT_I4)->lVal; });
+  return Call("Value",
+              [&] { value_ = vValue.vt == VT_I4 ? vValue.lVal : Variant::Converted(vValue, VT_I4)->lVal; });
 }
 
 HRESULT Enumeration::Copy(IValueBase** ppCopy) {
@@ -78,6 +80,14 @@ HRESULT Enumeration::get_Id(SHORT* pnId) {
 
 HRESULT Enumeration::get_PacketSize(ULONG* pdwSize) {
   return Call("PacketSize", [&] { Out(pdwSize) = ElementarySize(DataType()); });
+}
+
+bool Enumeration::Renew(IValueDefBase* definition, REFCLSID value_class) {
+  if (!HeldOnce() || !(value_class == kEnumerationClass)) return false;
+  if (static_cast<IValueDefBase*>(definition_.get()) != definition) return false;
+  ResetFrame();
+  value_ = FirstNumber(definition_);
+  return true;
 }
 
 // Number types without an encoding have a size all the same, but cannot travel.

@@ -25,6 +25,11 @@ class Enumeration : public ValueObject<Enumeration, IEnumeration> {
   HRESULT STDMETHODCALLTYPE get_Id(SHORT* pnId) override;
   HRESULT STDMETHODCALLTYPE get_PacketSize(ULONG* pdwSize) override;
 
+  bool Renew(IValueDefBase* definition, REFCLSID value_class) override;
+  ValueTraits Traits() const noexcept override {
+    return {.stands_alone = false, .keeps_to_itself = false, .writes_at_once = true};
+  }
+
   HRESULT DefaultValue(VARIANT* result) noexcept { return get_Value(result); }
 
   [[nodiscard]] bool Decode(ReadCursor& cursor);

@@ -30,6 +30,18 @@ struct ReadyBody {
   std::span<const unsigned char> bytes;
 };
 
+// What a value promises for life to those that hold it.
+struct ValueTraits {
+  // It refers to no other object, so that keeping it keeps nothing else.
+  bool stands_alone = false;
+
+  // Its encoding calls no other object, so that nobody can let go of it meanwhile.
+  bool keeps_to_itself = false;
+
+  // It writes its whole encoding in one step, or nothing.
+  bool writes_at_once = false;
+};
+
 // Answered by the values of this library only, and only inside it.
 struct IInsideValue : IUnknown {
   using Base = IUnknown;
@@ -47,9 +59,12 @@ struct IInsideValue : IUnknown {
   // in arrays of one block. It is then as long as PacketSize says.
   [[nodiscard]] virtual bool FindReadyBody(ReadyBody& body) = 0;
 
-  // Becomes what the definition would make now as a new value. False, and nothing
-  // changed, where it cannot, and where anybody but the caller holds it.
-  [[nodiscard]] virtual bool Renew(IValueDefBase* definition) = 0;
+  // Becomes what the definition, one of this library that makes values of that class now,
+  // would make as a new value. False where it cannot, and where anybody but the caller
+  // holds it or a part of it; the caller lets go of it then. Runs no code of a client's.
+  [[nodiscard]] virtual bool Renew(IValueDefBase* definition, REFCLSID value_class) = 0;
+
+  [[nodiscard]] virtual ValueTraits Traits() const noexcept = 0;
 };
 
 // The inner side of a value, not counted: it lives as long as the value. Null for the

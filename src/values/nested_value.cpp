@@ -77,6 +77,10 @@ bool DecodeValue(IValueBase& value, ReadCursor& cursor) {
 
 bool DecodeValue(const HeldValue& value, ReadCursor& cursor) {
   const WalkingLevel level;
+  return DecodeOnLevel(value, cursor);
+}
+
+bool DecodeOnLevel(const HeldValue& value, ReadCursor& cursor) {
   return value.inside != nullptr ? value.inside->DecodeInside(cursor)
                                  : DecodeThroughCall(*value.object, cursor);
 }
@@ -88,9 +92,25 @@ bool EncodeValue(IValueBase& value, WriteCursor& cursor) {
 
 bool EncodeValue(const HeldValue& value, WriteCursor& cursor) {
   const WalkingLevel level;
+  return EncodeOnLevel(value, cursor);
+}
+
+bool EncodeOnLevel(const HeldValue& value, WriteCursor& cursor) {
   // In less room than the widest field a call that fails leaves the buffer as it was.
-  const bool directly = value.inside != nullptr && cursor.room() >= kWidestElementary;
+  const bool directly =
+      value.inside != nullptr && (value.traits.writes_at_once || cursor.room() >= kWidestElementary);
   return directly ? value.inside->EncodeInside(cursor) : EncodeThroughCall(*value.object, cursor);
+}
+
+bool RenewValue(const HeldValue& value, const KnownDefinition& definition) noexcept {
+  if (value.inside == nullptr || definition.inside == nullptr) return false;
+  const CLSID* value_class = definition.inside->ValueClass();
+  if (value_class == nullptr) return false;
+  try {
+    return value.inside->Renew(definition.object, *value_class);
+  } catch (...) {
+    return false;  // making a new value will fail in the same way, and say why
+  }
 }
 
 }  // namespace halyard

@@ -8,6 +8,7 @@
 
 #include <utility>
 
+#include "definitions/held_definition.h"
 #include "halyard/object/ptr.h"
 #include "halyard/values/value_base.h"
 #include "object/cursor.h"
@@ -19,7 +20,9 @@ namespace halyard {
 struct HeldValue {
   HeldValue() noexcept = default;
   explicit HeldValue(Ptr<IValueBase> value) noexcept
-      : object(std::move(value)), inside(InsideOf(object.get())) {}
+      : object(std::move(value)), inside(InsideOf(object.get())) {
+    if (inside != nullptr) traits = inside->Traits();
+  }
 
   HeldValue(const HeldValue&) = default;
   HeldValue(HeldValue&&) = default;
@@ -28,11 +31,13 @@ struct HeldValue {
   HeldValue& operator=(HeldValue other) noexcept {
     std::swap(object, other.object);
     std::swap(inside, other.inside);
+    std::swap(traits, other.traits);
     return *this;
   }
 
   Ptr<IValueBase> object;
   IInsideValue* inside = nullptr;
+  ValueTraits traits;  // of the inner side
 };
 
 // Lets the value read itself from the rest of the buffer. False when that is too short;
@@ -43,6 +48,14 @@ struct HeldValue {
 // Lets the value write itself into the rest of the buffer, likewise.
 [[nodiscard]] bool EncodeValue(IValueBase& value, WriteCursor& cursor);
 [[nodiscard]] bool EncodeValue(const HeldValue& value, WriteCursor& cursor);
+
+// The same for a caller that counts the level of nesting itself.
+[[nodiscard]] bool DecodeOnLevel(const HeldValue& value, ReadCursor& cursor);
+[[nodiscard]] bool EncodeOnLevel(const HeldValue& value, WriteCursor& cursor);
+
+// Makes the value what the definition would make now as a new one. False where that
+// cannot be, as for no value; the caller lets go of it then.
+[[nodiscard]] bool RenewValue(const HeldValue& value, const KnownDefinition& definition) noexcept;
 
 // The same through the public calls and without counting a level of nesting.
 [[nodiscard]] bool DecodeThroughCall(IValueBase& value, ReadCursor& cursor);

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "halyard/classes.h"
+
 namespace halyard {
 
 Ptr<IValueBase> SimpleFixedStructure::NewOver(IValueDefBase* definition,
@@ -74,10 +76,11 @@ bool SimpleFixedStructure::FindReadyBody(ReadyBody& body) {
   return true;
 }
 
-bool SimpleFixedStructure::Renew(IValueDefBase* definition) {
-  if (!HeldOnce() || !type_.Is(definition) || !type_.layout().fixed || !BlockIsWhole()) return false;
+bool SimpleFixedStructure::Renew(IValueDefBase* definition, REFCLSID value_class) {
+  if (!HeldOnce() || !type_.Is(definition) || !(value_class == kSimpleFixedStructureClass)) return false;
+  if (!BlockIsWhole()) return false;
   ResetFrame();
-  block_.Resize(block_.size());
+  block_.Clear();
   return true;
 }
 

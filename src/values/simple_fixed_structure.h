@@ -24,7 +24,10 @@ class SimpleFixedStructure : public StructureObject<SimpleFixedStructure, ISimpl
   HRESULT STDMETHODCALLTYPE get_PacketSize(ULONG* pdwSize) override;
 
   bool FindReadyBody(ReadyBody& body) override;
-  bool Renew(IValueDefBase* definition) override;
+  bool Renew(IValueDefBase* definition, REFCLSID value_class) override;
+  ValueTraits Traits() const noexcept override {
+    return {.stands_alone = false, .keeps_to_itself = true, .writes_at_once = true};
+  }
 
   // Makes the block of the definition just taken; a definition without size is dropped.
   void Build();

@@ -4,6 +4,7 @@
 #include <array>
 #include <exception>
 
+#include "halyard/classes.h"
 #include "halyard/definitions/value_def_base.h"
 #include "platform/text.h"
 #include "types/elementary.h"
@@ -15,13 +16,25 @@ namespace {
 constexpr ULONG kLengthBytes = 2;
 constexpr ULONG kLargestTextBuffer = 0x7FFFFFFF + kLengthBytes;
 
-// The value as text: itself if it is one, else converted.
-Variant AsText(const Variant& value) { return Variant::Converted(value.get(), VT_BSTR); }
+// Whether a value can be kept as the text alone that it is; otherwise it has no text, or
+// half a character at its end, and comes back as it was put.
+bool IsWholeText(const VARIANT& value) noexcept {
+  return value.vt == VT_BSTR && value.bstrVal != nullptr &&
+         SysStringByteLen(value.bstrVal) % sizeof(OLECHAR) == 0;
+}
+
+// Puts a text behind its length, narrow, as long as the text has characters.
+bool PutText(WriteCursor& cursor, WideView text) {
+  if (!IsPlainText(text)) return cursor.PutText(Narrow(text), text.size());
+  if (!cursor.Put(static_cast<std::uint16_t>(text.size())) || cursor.room() < text.size()) return false;
+  NarrowPlainText(text, reinterpret_cast<char*>(cursor.rest().data()));
+  return cursor.Skip(text.size());
+}
 
 }  // namespace
 
 HRESULT SimpleValue::get_Item(VARIANT, VARIANT* pvValue) {
-  return Call("Item", [&] { HandOut(pvValue, [&] { return Variant::CopyOf(value_.get()); }); });
+  return Call("Item", [&] { HandOut(pvValue, [&] { return content_.Copy(); }); });
 }
 
 HRESULT SimpleValue::put_Item(VARIANT, VARIANT) { return S_OK; }
@@ -39,18 +52,28 @@ HRESULT SimpleValue::get_At(VARIANT, IValueBase** ppValue) {
 }
 
 HRESULT SimpleValue::get_Value(VARIANT* pvValue) {
-  return Call("Value", [&] { HandOut(pvValue, [&] { return Variant::CopyOf(value_.get()); }); });
+  return Call("Value", [&] { HandOut(pvValue, [&] { return content_.Copy(); }); });
 }
 
 HRESULT SimpleValue::put_Value(VARIANT vValue) {
   // Keeps its variant type and, where the new content does not convert, its content: a
   // client reads back what became of it.
+  const VARTYPE type = content_.type();
+  if (type_ == kString && type == VT_BSTR && IsWholeText(vValue)) return PutOwnText(ViewOf(vValue.bstrVal));
   Variant converted;
-  const VARTYPE type = value_.type();
   const HRESULT hr = vValue.vt == type ? VariantCopy(&converted.get(), &vValue)
                                        : VariantChangeType(&converted.get(), &vValue, 0, type);
-  if (SUCCEEDED(hr)) value_ = std::move(converted);
+  if (SUCCEEDED(hr)) content_.Set(std::move(converted));
   return hr == E_OUTOFMEMORY ? hr : S_OK;
+}
+
+HRESULT SimpleValue::PutOwnText(WideView text) noexcept {
+  try {
+    content_.SetText(text);
+    return S_OK;
+  } catch (const std::exception&) {
+    return E_OUTOFMEMORY;
+  }
 }
 
 HRESULT SimpleValue::Copy(IValueBase** ppCopy) {
@@ -59,7 +82,7 @@ HRESULT SimpleValue::Copy(IValueBase** ppCopy) {
     const Ptr<SimpleValue> copy = NewObject<SimpleValue>();
     copy->type_ = type_;
     copy->data_size_ = data_size_;
-    copy->value_ = Variant::CopyOf(value_.get());
+    copy->content_.CopyFrom(content_);
     *ppCopy = Ptr<IValueBase>(copy).Detach();
   });
 }
@@ -71,7 +94,10 @@ HRESULT SimpleValue::get_Info(IValueDefBase** ppInfo) {
 HRESULT SimpleValue::put_Info(IValueDefBase* pInfo) {
   // A definition that cannot be taken leaves a value without a type, not a failed call.
   // Only the lack of memory is told.
-  const HRESULT hr = Call("Info", [&] { TakeDefinition(pInfo); });
+  const HRESULT hr = Call("Info", [&] {
+    const Ptr<IValueDefBase> info = QueryFor<IValueDefBase>(pInfo);
+    TakeDefinition(Require(info, "the object is no definition").get());
+  });
   if (SUCCEEDED(hr)) return S_OK;
   type_ = kInvalid;
   if (hr == E_OUTOFMEMORY) return hr;
@@ -87,9 +113,10 @@ HRESULT SimpleValue::get_PacketSize(ULONG* pdwSize) {
   return Call("PacketSize", [&] {
     ULONG& size = Out(pdwSize);
     if (type_ == kString) {
-      const bool is_text = value_.type() == VT_BSTR;
-      const Variant text = is_text ? Variant() : AsText(value_);
-      size = kLengthBytes + SysStringLen(is_text ? value_->bstrVal : text->bstrVal);
+      const bool is_text = content_.type() == VT_BSTR;
+      const Variant text = is_text ? Variant() : Variant::Converted(content_.AsVariant(), VT_BSTR);
+      size =
+          kLengthBytes + static_cast<ULONG>(is_text ? content_.Text().size() : SysStringLen(text->bstrVal));
     } else {
       size = ElementaryByteCount(type_, data_size_);
     }
@@ -113,7 +140,7 @@ HRESULT SimpleValue::ReadFromBuffer(unsigned char* pBuffer, ULONG dwBufferSize, 
       const std::size_t field = std::max<std::size_t>(data_size_, kWidestElementary);
       const std::size_t readable =
           type_ == kFixedString ? std::max<std::size_t>(data_size_, dwBufferSize) : field;
-      ReadElementary({pBuffer, readable}, type_, value_.get());
+      ReadElementary({pBuffer, readable}, type_, content_.AsVariant());
     }
     count = ElementaryByteCount(type_, data_size_);
     *pbResult = VARIANT_TRUE;
@@ -126,7 +153,8 @@ HRESULT SimpleValue::WriteToBuffer(unsigned char* pBuffer, ULONG dwBufferSize, U
   return Call("WriteToBuffer", [&] {
     ULONG& count = Out(pdwBytesWritten);
     Out(pbResult) = VARIANT_FALSE;
-    if (VariantTypeOf(type_) != VT_EMPTY) WriteElementary(value_.get(), type_, &Out(pBuffer), data_size_);
+    if (VariantTypeOf(type_) != VT_EMPTY)
+      WriteElementary(content_.AsVariant(), type_, &Out(pBuffer), data_size_);
     count = ElementaryByteCount(type_, data_size_);
     *pbResult = VARIANT_TRUE;
   });
@@ -143,35 +171,46 @@ bool SimpleValue::EncodeInside(WriteCursor& cursor) {
 bool SimpleValue::Decode(ReadCursor& cursor) {
   std::string_view narrow;
   if (!cursor.TakeText(narrow)) return false;
-  value_ = Variant(Widen(narrow.substr(0, narrow.find('\0'))));
+  content_.SetNarrowText(narrow.substr(0, narrow.find('\0')));
   return true;
 }
 
 bool SimpleValue::Encode(WriteCursor& cursor) {
-  const bool is_text = value_.type() == VT_BSTR;
-  Variant text = is_text ? Variant() : AsText(value_);
-  const WideView wide = ViewOf(is_text ? value_->bstrVal : text->bstrVal);
-  if (!cursor.PutText(Narrow(wide), wide.size())) return false;
-  if (!is_text) value_ = std::move(text);  // a number that was written as a text is one from now on
+  if (content_.type() == VT_BSTR) return PutText(cursor, content_.Text());
+  Variant text = Variant::Converted(content_.AsVariant(), VT_BSTR);
+  if (!PutText(cursor, ViewOf(text->bstrVal))) return false;
+  content_.Set(std::move(text));  // a number that was written as a text is one from now on
   return true;
 }
 
 void SimpleValue::TakeDefinition(IValueDefBase* definition) {
-  const Ptr<IValueDefBase> info = QueryFor<IValueDefBase>(definition);
-  Require(info, "the object is no definition");
-  Check(info->get_Type(&type_), info);
+  Check(definition->get_Type(&type_), definition);
   ULONG size = 0;
-  Check(info->get_DataSize(&size), info);
+  Check(definition->get_DataSize(&size), definition);
   data_size_ = static_cast<std::uint16_t>(size);
   ResetValue();
+}
+
+bool SimpleValue::Renew(IValueDefBase* definition, REFCLSID value_class) {
+  if (!HeldOnce() || !(value_class == kSimpleValueClass)) return false;
+  ResetFrame();
+  content_.Renew();
+  TakeDefinition(definition);
+  return true;
 }
 
 void SimpleValue::ResetValue() {
   static constexpr std::array<unsigned char, kWidestElementary> kZeros{};
   if (type_ == kString) {
-    value_ = Variant(WideView());
+    content_.SetText({});
+  } else if (VariantTypeOf(type_) == VT_EMPTY) {
+    return;  // without a conversion the value stays as it was
+  } else if (content_.IsOwnText()) {
+    Variant zero;
+    ReadElementary(kZeros, type_, zero.get());
+    content_.Set(std::move(zero));
   } else {
-    ReadElementary(kZeros, type_, value_.get());
+    ReadElementary(kZeros, type_, content_.AsVariant());
   }
 }
 

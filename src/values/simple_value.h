@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "halyard/values/simple_value.h"
+#include "values/simple_content.h"
 #include "values/value_object.h"
 
 namespace halyard {
@@ -36,6 +37,11 @@ class SimpleValue : public ValueObject<SimpleValue, IValueBase, ISimpleValue> {
   bool EncodeInside(WriteCursor& cursor) override;
 
   SHORT TypeCode() const noexcept { return type_; }
+  bool Renew(IValueDefBase* definition, REFCLSID value_class) override;
+  ValueTraits Traits() const noexcept override {
+    return {.stands_alone = true, .keeps_to_itself = true, .writes_at_once = false};
+  }
+
   HRESULT DefaultValue(VARIANT* result) noexcept { return get_Value(result); }
 
   // The text of a String behind its length.
@@ -43,10 +49,14 @@ class SimpleValue : public ValueObject<SimpleValue, IValueBase, ISimpleValue> {
   [[nodiscard]] bool Encode(WriteCursor& cursor);
 
  private:
+  // Takes type and size from a definition; raises what its answers raise.
   void TakeDefinition(IValueDefBase* definition);
   void ResetValue();
 
-  Variant value_{WideView()};  // its variant type is what Value (put) converts to
+  // Becomes that text; E_OUTOFMEMORY where there is no memory for it.
+  HRESULT PutOwnText(WideView text) noexcept;
+
+  SimpleContent content_;  // its variant type is what Value (put) converts to
   SHORT type_ = kInvalid;
   std::uint16_t data_size_ = 0;  // 0: the elementary size of the type
 };

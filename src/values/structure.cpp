@@ -1,5 +1,6 @@
 #include "values/structure.h"
 
+#include "halyard/classes.h"
 #include "object/nesting.h"
 #include "values/nested_value.h"
 
@@ -12,7 +13,7 @@ constexpr std::uint8_t kNull = 1;
 
 // A new object for a member; empty where the definition made none.
 Ptr<IValueBase> NewMember(const MemberLayout& member) {
-  const Ptr<IValueDefBase> definition = Require(member.definition, "a member has no definition");
+  const Ptr<IValueDefBase> definition = Require(member.definition.object, "a member has no definition");
   Ptr<IValueBase> object;
   Check(definition->CreateDataObject(object.Out()), definition);
   return object;
@@ -62,10 +63,10 @@ HRESULT Structure::Copy(IValueBase** ppCopy) {
     // By position: a member object of the client's may change this one while it copies.
     for (std::size_t i = 0; i < members_.size(); ++i) {
       const Ptr<IValueBase> object =
-          Require(members_[i].object, "a structure with null members cannot be copied");
+          Require(members_[i].Shown().object, "a structure with null members cannot be copied");
       Ptr<IValueBase> member;
       Check(object->Copy(member.Out()), object);
-      copy->members_.emplace_back(std::move(member));
+      copy->members_.push_back({HeldValue(std::move(member))});
     }
     *ppCopy = Ptr<IValueBase>(copy).Detach();
   });
@@ -84,11 +85,11 @@ HRESULT Structure::get_PacketSize(ULONG* pdwSize) {
 
 void Structure::Build() {
   const StructureLayout& layout = type_.layout();
-  std::vector<HeldValue> members;
+  std::vector<Slot> members;
   std::uint16_t size = 0;
   for (std::size_t i = 0; i < layout.members.size(); ++i) {
     if (layout.members[i].size == 0) {
-      members.emplace_back(NewMember(layout.members[i]));
+      members.push_back({HeldValue(NewMember(layout.members[i]))});
     } else {
       size = static_cast<std::uint16_t>(size + layout.members[i].size);
     }
@@ -97,13 +98,52 @@ void Structure::Build() {
   block_.Resize(size);
 }
 
-HeldValue* Structure::SlotOf(const MemberLayout& member) noexcept {
+bool Structure::Renew(IValueDefBase* definition, REFCLSID value_class) {
+  if (!HeldOnce() || !type_.Is(definition) || !(value_class == kStructureClass)) return false;
+  if (!WalkingLevel::HasRoom()) return false;
+  const WalkingLevel level;
+  std::size_t slot = 0;
+  std::uint16_t size = 0;
+  for (const MemberLayout& member : type_.layout().members) {
+    if (member.size != 0) {
+      size = static_cast<std::uint16_t>(size + member.size);
+      continue;
+    }
+    if (slot == members_.size() || !RenewValue(members_[slot].held, member.definition.Known())) return false;
+    members_[slot++].hidden = false;
+  }
+  if (slot != members_.size() || size != block_.size()) return false;
+  ResetFrame();
+  block_.Clear();
+  return true;
+}
+
+Structure::Slot* Structure::SlotOf(const MemberLayout& member) noexcept {
   return member.offset < members_.size() ? &members_[member.offset] : nullptr;
 }
 
+bool Structure::IsNull(const MemberLayout& member) noexcept {
+  const Slot* slot = SlotOf(member);
+  return slot == nullptr || slot->IsNull();
+}
+
 HeldValue Structure::HeldBy(const MemberLayout& member) noexcept {
-  const HeldValue* slot = SlotOf(member);
-  return slot != nullptr ? *slot : HeldValue();
+  const Slot* slot = SlotOf(member);
+  return slot != nullptr ? slot->Shown() : HeldValue();
+}
+
+void Structure::Empty(Slot& slot) noexcept {
+  if (slot.held.traits.stands_alone) {
+    slot.hidden = true;
+  } else {
+    slot.held = HeldValue();
+  }
+}
+
+void Structure::Fill(Slot& slot, const MemberLayout& member) {
+  if (!slot.hidden || !RenewValue(slot.held, member.definition.Known()))
+    slot.held = HeldValue(NewMember(member));
+  slot.hidden = false;
 }
 
 HeldValue Structure::RequiredOf(const MemberLayout& member) {
@@ -113,16 +153,18 @@ HeldValue Structure::RequiredOf(const MemberLayout& member) {
 }
 
 void Structure::PutObjectMember(const MemberLayout& member, const VARIANT& value) {
-  HeldValue* slot = SlotOf(member);
+  Slot* slot = SlotOf(member);
   if (slot == nullptr) return;
   if (value.vt == VT_NULL) {
-    *slot = HeldValue();
+    Empty(*slot);
   } else if (value.vt == VT_DISPATCH) {
     // An object that is no value leaves the member null, without a failure.
-    *slot = HeldValue(Ptr<IDispatch>(value.pdispVal).As<IValueBase>());
+    HeldValue other(Ptr<IDispatch>(value.pdispVal).As<IValueBase>());
+    slot->hidden = false;
+    slot->held = std::move(other);
   } else {
-    if (!slot->object) *slot = HeldValue(NewMember(member));
-    const Ptr<IValueBase> object = Require(slot->object, "a member's definition made no value");
+    if (slot->IsNull()) Fill(*slot, member);
+    const Ptr<IValueBase> object = Require(slot->held.object, "a member's definition made no value");
     Check(object->put_Value(value), object);
   }
 }
@@ -135,46 +177,60 @@ Variant Structure::ItemOfObject(const MemberLayout* member) {
   return value;
 }
 
+template <class Use>
+auto Structure::WithObject(const MemberLayout& member, Use&& use) {
+  const Slot* slot = SlotOf(member);
+  if (slot != nullptr && !slot->hidden && slot->held.traits.keeps_to_itself) return use(slot->held);
+  const HeldValue held = RequiredOf(member);
+  return use(held);
+}
+
 ULONG Structure::MemberPacketSize(const MemberLayout& member) {
   if (member.size != 0) return member.size;
   const ULONG flag = member.can_be_null ? sizeof kNull : 0;
-  if (member.can_be_null && !HeldBy(member).object) return flag;
-  const Ptr<IValueBase> object = RequiredOf(member).object;
-  ULONG size = 0;
-  Check(object->get_PacketSize(&size), object);
-  return flag + size;
+  if (member.can_be_null && IsNull(member)) return flag;
+  return WithObject(member, [&](const HeldValue& value) {
+    ULONG size = 0;
+    Check(value.object->get_PacketSize(&size), value.object);
+    return flag + size;
+  });
 }
 
 bool Structure::Encode(WriteCursor& cursor) {
   const StructureLayout& layout = type_.layout();
+  ObjectLevel level;
   for (std::size_t i = 0; i < layout.members.size(); ++i) {
-    if (!EncodeMember(cursor, layout.members[i])) return false;
+    if (!EncodeMember(cursor, layout.members[i], level)) return false;
   }
   return true;
 }
 
-bool Structure::EncodeMember(WriteCursor& cursor, const MemberLayout& member) {
+bool Structure::EncodeMember(WriteCursor& cursor, const MemberLayout& member, ObjectLevel& level) {
   if (member.size != 0) {
     if (!block_.Holds(member) || cursor.room() < member.size) return false;
     return cursor.PutBytes(block_.Field(member).data(), member.size);
   }
   if (member.can_be_null) {
-    const bool is_null = !HeldBy(member).object;
+    const bool is_null = IsNull(member);
     if (!cursor.Put(is_null ? kNull : kPresent)) return false;
     if (is_null) return true;
   }
-  return EncodeValue(RequiredOf(member), cursor);
+  return WithObject(member, [&](const HeldValue& value) {
+    if (!level) level.emplace();
+    return EncodeOnLevel(value, cursor);
+  });
 }
 
 bool Structure::Decode(ReadCursor& cursor) {
   const StructureLayout& layout = type_.layout();
+  ObjectLevel level;
   for (std::size_t i = 0; i < layout.members.size(); ++i) {
-    if (!DecodeMember(cursor, layout.members[i])) return false;
+    if (!DecodeMember(cursor, layout.members[i], level)) return false;
   }
   return true;
 }
 
-bool Structure::DecodeMember(ReadCursor& cursor, const MemberLayout& member) {
+bool Structure::DecodeMember(ReadCursor& cursor, const MemberLayout& member, ObjectLevel& level) {
   if (member.size != 0) {
     if (!block_.Holds(member) || cursor.room() < member.size) return false;
     return cursor.TakeBytes(block_.Field(member).data(), member.size);
@@ -183,11 +239,14 @@ bool Structure::DecodeMember(ReadCursor& cursor, const MemberLayout& member) {
     std::uint8_t flag = kPresent;
     if (!cursor.Take(flag)) return false;
     if (flag != kPresent) {
-      if (HeldValue* slot = SlotOf(member)) *slot = HeldValue();
+      if (Slot* slot = SlotOf(member)) Empty(*slot);
       return true;
     }
   }
-  return DecodeValue(RequiredOf(member), cursor);
+  return WithObject(member, [&](const HeldValue& value) {
+    if (!level) level.emplace();
+    return DecodeOnLevel(value, cursor);
+  });
 }
 
 }  // namespace halyard

@@ -27,6 +27,12 @@ class StructureBlock {
   // A block of `size` zeros.
   void Resize(std::uint16_t size) noexcept;
 
+  // The same size, and zeros again.
+  void Clear() noexcept {
+    std::memset(near_.data(), 0, near_.size());
+    if (far_) std::memset(far_.get(), 0, size_ + kWidestElementary);
+  }
+
   [[nodiscard]] std::uint16_t size() const noexcept { return size_; }
 
   // Whether the field of a fixed member lies in the block.
@@ -52,12 +58,10 @@ class StructureBlock {
   // Reads or writes the field of a number as it is. False, and nothing done, where it
   // takes more than that.
   [[nodiscard]] bool ReadQuickly(const MemberLayout& member, VARIANT& fresh) const noexcept {
-    return bytes_ != nullptr && Holds(member) &&
-           LoadNumber(bytes_ + member.offset, static_cast<SHORT>(member.type), fresh);
+    return bytes_ != nullptr && Holds(member) && LoadNumberOf(member.number, bytes_ + member.offset, fresh);
   }
   [[nodiscard]] bool WriteQuickly(const MemberLayout& member, const VARIANT& value) noexcept {
-    return bytes_ != nullptr && Holds(member) &&
-           StoreOwnNumber(value, static_cast<SHORT>(member.type), bytes_ + member.offset);
+    return bytes_ != nullptr && Holds(member) && StoreNumberOf(member.number, value, bytes_ + member.offset);
   }
 
   // Makes `fresh`, which is empty and new, hold the content of the field of a member

@@ -27,7 +27,8 @@ class ValueObject : public EncodedObject<T, Interfaces..., IInsideValue> {
   }
 
   bool FindReadyBody(ReadyBody&) override { return false; }
-  bool Renew(IValueDefBase*) override { return false; }
+  bool Renew(IValueDefBase*, REFCLSID) override { return false; }
+  ValueTraits Traits() const noexcept override { return {}; }
 
  protected:
   // This object as the content of a composite value: VT_DISPATCH with a reference.

@@ -109,8 +109,8 @@ State BeforeWriting() {
   state.place = std::make_shared<TempFile>();
   EXPECT_TRUE(OpenForWrite(state.file, state.place->name()));
   EXPECT_TRUE(WriteInfo(state.file, state.definition.get()));
-  // A text whose narrow form takes memory.
-  const Variant text = Text(OLESTR("a label that is too long for a string object"));
+  // A text whose narrow form takes memory, as it is long and not plain ASCII.
+  const Variant text = Text(OLESTR("20 \u00B0C, and too long for a string object"));
   EXPECT_EQ(state.value->put_Item(Text(OLESTR("Label")).get(), text.get()), S_OK);
   return state;
 }
@@ -139,6 +139,34 @@ State BeforeReadingAFile() {
 // The record is taken from the file before the unit is made, so the call is not made again.
 TEST(StreamMemory, ReadingARecord) {
   Each{BeforeReadingAFile, [](State& state) { return state.file->ReadUnit(state.unit.Out()); },
+       [](State& state) { return state.unit ? BytesOf(state.unit) : "none"; }, false}
+      .Run();
+}
+
+// A file of two records, of which the first was read and let go: the second takes its
+// place, and more memory.
+State BeforeReadingALaterRecord() {
+  State state = NewState();
+  const auto definition = StructureDefinition({{OLESTR("Text"), kString}}, 4);
+  AddMember(definition, OLESTR("Samples"), SimpleArrayDefinition(kShort).get());
+  Calculate(definition);
+  state.place = std::make_shared<TempFile>();
+  EXPECT_TRUE(OpenForWrite(state.file, state.place->name()));
+  EXPECT_TRUE(WriteInfo(state.file, definition.get()));
+  const auto value = NewValue(definition);
+  EXPECT_TRUE(WriteData(state.file, value.get()));
+  FillTree(value, 5);
+  PutItem(value, OLESTR("Text"), Text(OLESTR("20 \u00B0C, and too long for a string object")));
+  EXPECT_TRUE(WriteData(state.file, value.get()));
+  EXPECT_EQ(state.file->Close(), S_OK);
+  EXPECT_TRUE(OpenForRead(state.file, state.place->name()));
+  EXPECT_TRUE(ReadInfo(state.file));
+  EXPECT_TRUE(ReadData(state.file));
+  return state;
+}
+
+TEST(StreamMemory, ReadingALaterRecord) {
+  Each{BeforeReadingALaterRecord, [](State& state) { return state.file->ReadUnit(state.unit.Out()); },
        [](State& state) { return state.unit ? BytesOf(state.unit) : "none"; }, false}
       .Run();
 }

@@ -93,6 +93,27 @@ TEST(StructureValueMembers, NullReleasesTheObject) {
   EXPECT_EQ(Item(value, OLESTR("s")), "NULL");
 }
 
+TEST(StructureValueMembers, ObjectOfAMemberThatWasNullStaysAsItWas) {
+  const auto value = Record();
+  PutItem(value, OLESTR("s"), Text(OLESTR("one")));
+  const auto held = At(value, Text(OLESTR("s")));
+  PutItem(value, OLESTR("s"), Variant::Null());
+  EXPECT_EQ(ValueOf(held), "BSTR one");
+  PutItem(value, OLESTR("s"), Text(OLESTR("two")));
+  EXPECT_EQ(ValueOf(held), "BSTR one");
+  EXPECT_EQ(Item(value, OLESTR("s")), "BSTR two");
+  EXPECT_FALSE(SameObject(held.get(), At(value, Text(OLESTR("s"))).get()));
+}
+
+TEST(StructureValueMembers, MemberThatWasNullBeginsAnew) {
+  const auto value = NewValue(StructureDefinition({{OLESTR("n"), kLong, 0, true}}));
+  PutItem(value, OLESTR("n"), I4(5));
+  PutItem(value, OLESTR("n"), Variant::Null());
+  // What does not convert leaves the number that a new object has.
+  PutItem(value, OLESTR("n"), Text(OLESTR("five")));
+  EXPECT_EQ(Item(value, OLESTR("n")), "I4 0");
+}
+
 TEST(StructureValueMembers, ContentBringsANullMemberBack) {
   const auto value = Record();
   PutItem(value, OLESTR("s"), Text(OLESTR("old")));

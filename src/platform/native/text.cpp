@@ -24,7 +24,7 @@ std::atomic<NarrowEncoding> g_encoding{NarrowEncoding::kWindows1252};
 std::atomic<bool> g_used{false};
 
 NarrowEncoding UseEncoding() noexcept {
-  g_used.store(true, std::memory_order_relaxed);
+  NoteNarrowUse();
   return g_encoding.load(std::memory_order_relaxed);
 }
 
@@ -51,6 +51,10 @@ bool SetNarrowEncoding(NarrowEncoding encoding) noexcept {
   if (g_used.load(std::memory_order_relaxed)) return false;
   g_encoding.store(encoding, std::memory_order_relaxed);
   return true;
+}
+
+void NoteNarrowUse() noexcept {
+  if (!g_used.load(std::memory_order_relaxed)) g_used.store(true, std::memory_order_relaxed);
 }
 
 std::string Narrow(WideView text) {

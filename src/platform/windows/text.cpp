@@ -14,6 +14,8 @@ int CountOf(std::size_t length) {
 
 }  // namespace
 
+void NoteNarrowUse() noexcept {}  // the system's code page is what it is
+
 std::string Narrow(WideView text) {
   if (text.empty()) return {};
   const int length = CountOf(text.size());

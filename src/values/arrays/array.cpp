@@ -129,7 +129,7 @@ HRESULT Array::put_Info(IValueDefBase* pInfo) {
 }
 
 Ptr<IValueDefBase> Array::ElementDefinition() const {
-  return Require(type_.layout().value_type, "the array definition has no element definition");
+  return Require(type_.layout().value_type.object, "the array definition has no element definition");
 }
 
 Ptr<IValueBase> Array::NewElement(Ptr<IValueDefBase> definition) {

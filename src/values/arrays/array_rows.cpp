@@ -63,7 +63,8 @@ bool Array::FindReadyBody(ReadyBody& body) {
   if (!type_ || count == 0 || !elements_.IsPacked(0) || elements_.EndOfPacked(0) != count) return false;
   RowSlab& rows = elements_.rows();
   const ArrayLayout& layout = type_.layout();
-  const bool is_true = layout.value_type == rows.definition() && rows.layout().data_size == rows.row_size();
+  const bool is_true =
+      layout.value_type.object == rows.definition() && rows.layout().data_size == rows.row_size();
   if (!is_true || !WalkingLevel::HasRoom() || !type_.FindId(body.id)) return false;
   body.type = kTypeCode;
   body.head_size = layout.element_count == 0 ? sizeof count : 0;

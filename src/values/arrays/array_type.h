@@ -20,6 +20,11 @@ class ArrayType {
 
   [[nodiscard]] explicit operator bool() const noexcept { return static_cast<bool>(definition_); }
 
+  // Whether this very definition was taken.
+  [[nodiscard]] bool Is(const IValueDefBase* definition) const noexcept {
+    return definition_ && static_cast<const IValueDefBase*>(definition_.get()) == definition;
+  }
+
   // The definition, held. These raise E_POINTER without one.
   [[nodiscard]] Ptr<IArrayDef> Definition() const;
   [[nodiscard]] Ptr<IValueDefBase> BaseDefinition() const;

@@ -242,8 +242,8 @@ std::optional<MemberPath> FindPlainMember(WideView path, const Ptr<IValueDefBase
   const StructureLayout& layout = source->Layout().Whole();
   const LONG position = layout.Find(path);
   const MemberLayout* member = layout.At(position);
-  if (member == nullptr || !member->definition) return std::nullopt;
-  const Definition definition = member->definition;
+  if (member == nullptr || !member->definition.object) return std::nullopt;
+  const Definition definition = member->definition.object;
   return MemberPath{{{{{PathStep::Kind::kMember, position}}, TypeOf(definition)}}, {}};
 }
 

@@ -29,7 +29,7 @@ class NumericArray : public ArrayObject<T, Interfaces...> {
     return this->Call(operation, [&] {
       Out(result) = VARIANT_FALSE;
       const Ptr<IArrayDef> definition = this->type_.Definition();
-      const Ptr<IValueDefBase> element = this->type_.layout().value_type;
+      const Ptr<IValueDefBase> element = this->type_.layout().value_type.object;
       const NumberColumns selected = SelectNumbers(call, *definition, element, this->Self().ElementCount());
       if (!selected.understood) return;
       *result = VARIANT_TRUE;

@@ -5,6 +5,8 @@
 #include <limits>
 #include <new>
 
+#include "halyard/classes.h"
+
 namespace halyard {
 namespace {
 
@@ -75,12 +77,22 @@ HRESULT SimpleArray::put_Info(IValueDefBase* pInfo) {
     if (pInfo == nullptr) throw Error(E_INVALIDARG, "an array needs a definition");
     if (type_) return;
     type_.Take(pInfo);
-    const ArrayLayout& layout = type_.layout();
-    SetElementType(layout.element_type);
-    Reset(layout.element_count);
-    // A definition that this class cannot serve is not kept, but its count is.
-    if (width() == 0 || count_ != 0) type_.Drop();
+    if (!TakeShape()) type_.Drop();
   });
+}
+
+bool SimpleArray::Renew(IValueDefBase* definition, REFCLSID value_class) {
+  if (!HeldOnce() || !type_.Is(definition) || !(value_class == kSimpleArrayClass)) return false;
+  if (!TakeShape()) return false;
+  ResetFrame();
+  return true;
+}
+
+bool SimpleArray::TakeShape() {
+  const ArrayLayout& layout = type_.layout();
+  SetElementType(layout.element_type);
+  Reset(layout.element_count);
+  return width() != 0 && count_ == 0;
 }
 
 HRESULT SimpleArray::get_PacketSize(ULONG* pdwSize) {

@@ -18,6 +18,7 @@ class SimpleArray : public SimpleArrayObject<SimpleArray, ISimpleArray> {
   HRESULT STDMETHODCALLTYPE get_PacketSize(ULONG* pdwSize) override;
 
   bool FindReadyBody(ReadyBody& body) override;
+  bool Renew(IValueDefBase* definition, REFCLSID value_class) override;
 
   [[nodiscard]] bool Decode(ReadCursor& cursor);
   [[nodiscard]] bool Encode(WriteCursor& cursor) const;
@@ -29,6 +30,10 @@ class SimpleArray : public SimpleArrayObject<SimpleArray, ISimpleArray> {
   [[nodiscard]] unsigned char* Address() { return block_.Writable(); }
 
  private:
+  // Becomes what the definition describes. False for one that this class cannot serve,
+  // although its count is taken.
+  [[nodiscard]] bool TakeShape();
+
   // Becomes an array of so many zeros, without spare slots.
   void Reset(ULONG count) noexcept;
 

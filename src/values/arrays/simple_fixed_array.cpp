@@ -2,13 +2,16 @@
 
 #include <cstring>
 
+#include "halyard/classes.h"
+
 namespace halyard {
 
 Ptr<SimpleFixedArray> SimpleFixedArray::NewShell(IValueDefBase* definition, unsigned char* memory) {
   Ptr<SimpleFixedArray> shell = NewObject<SimpleFixedArray>();
   shell->shell_ = true;
   shell->external_ = memory;
-  shell->TakeShape(definition);
+  shell->type_.Take(definition);
+  shell->TakeShape();
   shell->type_.Drop();
   return shell;
 }
@@ -31,7 +34,8 @@ HRESULT SimpleFixedArray::put_Info(IValueDefBase* pInfo) {
     if (pInfo == nullptr) throw Error(E_INVALIDARG, "an array needs a definition");
     // A shell has its shape for life: another one might not fit the caller's memory.
     if (type_ || shell_) return;
-    TakeShape(pInfo);
+    type_.Take(pInfo);
+    TakeShape();
     block_.Reset(Size());
     if (width() == 0) type_.Drop();
   });
@@ -39,6 +43,16 @@ HRESULT SimpleFixedArray::put_Info(IValueDefBase* pInfo) {
 
 HRESULT SimpleFixedArray::get_PacketSize(ULONG* pdwSize) {
   return Call("PacketSize", [&] { Out(pdwSize) = static_cast<ULONG>(Size()); });
+}
+
+bool SimpleFixedArray::Renew(IValueDefBase* definition, REFCLSID value_class) {
+  if (!HeldOnce() || shell_ || !type_.Is(definition) || !(value_class == kSimpleFixedArrayClass))
+    return false;
+  TakeShape();
+  if (width() == 0) return false;
+  ResetFrame();
+  block_.Clear(Size());
+  return true;
 }
 
 bool SimpleFixedArray::Decode(ReadCursor& cursor) {
@@ -56,8 +70,7 @@ const unsigned char* SimpleFixedArray::Stored() const { return shell_ ? RequireE
 
 unsigned char* SimpleFixedArray::Writable() { return shell_ ? RequireExternal() : block_.Writable(); }
 
-void SimpleFixedArray::TakeShape(IValueDefBase* definition) {
-  type_.Take(definition);
+void SimpleFixedArray::TakeShape() {
   const ArrayLayout& layout = type_.layout();
   SetElementType(layout.element_type);
   count_ = static_cast<std::uint16_t>(layout.element_count);

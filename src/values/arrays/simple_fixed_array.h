@@ -19,6 +19,11 @@ class SimpleFixedArray : public SimpleArrayObject<SimpleFixedArray, ISimpleFixed
   HRESULT STDMETHODCALLTYPE put_Info(IValueDefBase* pInfo) override;
   HRESULT STDMETHODCALLTYPE get_PacketSize(ULONG* pdwSize) override;
 
+  bool Renew(IValueDefBase* definition, REFCLSID value_class) override;
+  ValueTraits Traits() const noexcept override {
+    return {.stands_alone = false, .keeps_to_itself = true, .writes_at_once = true};
+  }
+
   [[nodiscard]] bool Decode(ReadCursor& cursor);
   [[nodiscard]] bool Encode(WriteCursor& cursor) const;
 
@@ -32,8 +37,8 @@ class SimpleFixedArray : public SimpleArrayObject<SimpleFixedArray, ISimpleFixed
   [[nodiscard]] unsigned char* Address() { return shell_ ? external_ : block_.Writable(); }
 
  private:
-  // Takes type, width and count from a definition.
-  void TakeShape(IValueDefBase* definition);
+  // Takes type, width and count from the definition.
+  void TakeShape();
 
   // The bytes of all elements.
   [[nodiscard]] std::size_t Size() const noexcept { return static_cast<std::size_t>(Offset(count_)); }

@@ -14,6 +14,9 @@ namespace {
 // The most memory, in bytes, that a block takes although it was only announced.
 constexpr std::uint64_t kLargestOnPromise = std::uint64_t{16} << 20;
 
+// The largest block, in bytes, that is cleared: fresh memory for a larger one costs less.
+constexpr std::uint64_t kLargestToKeep = 4096;
+
 // The bytes to ask the system for, which may be more than this machine can count.
 std::size_t AllocationSize(std::uint64_t size) {
   if (size > std::numeric_limits<std::size_t>::max() / 2 - kWidestElementary) throw std::bad_alloc();
@@ -26,6 +29,11 @@ void ZeroBlock::Reset(std::uint64_t size) noexcept {
   memory_.reset();
   bytes_ = nullptr;
   size_ = size;
+}
+
+void ZeroBlock::Clear(std::uint64_t size) noexcept {
+  if (size != size_ || size > kLargestToKeep) return Reset(size);
+  if (memory_) std::memset(bytes_, 0, static_cast<std::size_t>(size) + kWidestElementary);
 }
 
 void ZeroBlock::Adopt(RawMemory memory, std::span<unsigned char> bytes) noexcept {

@@ -29,6 +29,9 @@ class ZeroBlock {
   // Becomes a block of zeros and gives back its memory.
   void Reset(std::uint64_t size) noexcept;
 
+  // As Reset, but a small block of the same size keeps its memory.
+  void Clear(std::uint64_t size) noexcept;
+
   // Becomes a block of bytes that lie in memory which it takes over, with zeroed spare
   // bytes behind them.
   void Adopt(RawMemory memory, std::span<unsigned char> bytes) noexcept;
