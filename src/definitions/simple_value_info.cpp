@@ -19,14 +19,6 @@ bool HasFieldSize(SHORT type) noexcept { return type == kFixedString || type == 
 // Dates and fields of fixed length travel without a range.
 bool CarriesValidation(SHORT type) noexcept { return type == kString || (type >= kChar && type <= kReal); }
 
-// A bound as a client gives it, without a reference. Not every platform looks whether one
-// leads anywhere.
-Variant FollowedBound(const VARIANT& value) {
-  if ((value.vt & VT_BYREF) != 0 && value.byref == nullptr)
-    throw Error(E_INVALIDARG, "the bound is a reference that leads nowhere");
-  return Variant::Followed(value);
-}
-
 // The low bytes of a bound, converted to the variant type of `type`.
 bool PutBound(WriteCursor& cursor, const Variant& bound, SHORT type) {
   const std::uint16_t size = ElementarySize(type);
@@ -111,7 +103,7 @@ HRESULT SimpleValueInfo::get_MinValue(VARIANT* pvMin) {
 }
 
 HRESULT SimpleValueInfo::put_MinValue(VARIANT vMin) {
-  return Call("MinValue", [&] { min_value_ = FollowedBound(vMin); });
+  return Call("MinValue", [&] { min_value_ = Variant::Followed(vMin); });
 }
 
 HRESULT SimpleValueInfo::get_MaxValue(VARIANT* pvMax) {
@@ -119,7 +111,7 @@ HRESULT SimpleValueInfo::get_MaxValue(VARIANT* pvMax) {
 }
 
 HRESULT SimpleValueInfo::put_MaxValue(VARIANT vMax) {
-  return Call("MaxValue", [&] { max_value_ = FollowedBound(vMax); });
+  return Call("MaxValue", [&] { max_value_ = Variant::Followed(vMax); });
 }
 
 HRESULT SimpleValueInfo::get_Validation(VARIANT_BOOL* pbValidation) {

@@ -60,6 +60,7 @@ HRESULT SimpleValue::put_Value(VARIANT vValue) {
   // client reads back what became of it.
   const VARTYPE type = content_.type();
   if (type_ == kString && type == VT_BSTR && IsWholeText(vValue)) return PutOwnText(ViewOf(vValue.bstrVal));
+  if (Variant::LeadsNowhere(vValue)) return S_OK;
   Variant converted;
   const HRESULT hr = vValue.vt == type ? VariantCopy(&converted.get(), &vValue)
                                        : VariantChangeType(&converted.get(), &vValue, 0, type);

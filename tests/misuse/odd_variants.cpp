@@ -88,6 +88,16 @@ void OddVariants::AddReferences() {
   Add("reference to a variant", VT_BYREF | VT_VARIANT).byref = &inner_;
   Add("reference to no object", VT_BYREF | VT_DISPATCH).byref = &null_object_;
   Add("reference to a decimal", VT_BYREF | VT_DECIMAL).byref = &decimal_;
+  Add("reference to no Short", VT_BYREF | VT_I2).byref = nullptr;
+  Add("reference to no Long", VT_BYREF | VT_I4).byref = nullptr;
+  Add("reference to no Real", VT_BYREF | VT_R8).byref = nullptr;
+  Add("reference to no text", VT_BYREF | VT_BSTR).byref = nullptr;
+  Add("reference to no place of an object", VT_BYREF | VT_DISPATCH).byref = nullptr;
+  Add("reference to no decimal", VT_BYREF | VT_DECIMAL).byref = nullptr;
+  Add("reference to no variant", VT_BYREF | VT_VARIANT).byref = nullptr;
+  nowhere_.vt = VT_BYREF | VT_I4;
+  nowhere_.byref = nullptr;
+  Add("reference to a reference to no Long", VT_BYREF | VT_VARIANT).byref = &nowhere_;
 }
 
 // Arrays with elements exist where the platform makes them.

@@ -38,6 +38,7 @@ class OddVariants {
   Bstr text_;
   BSTR plain_text_ = nullptr;
   VARIANT inner_{};
+  VARIANT nowhere_{};
   SHORT short_ = 1;
   LONG long_ = 1;
   double real_ = 1.0;

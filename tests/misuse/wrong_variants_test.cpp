@@ -35,6 +35,7 @@ void PrintTo(const Use& use, std::ostream* stream) { *stream << use.class_name <
 
 // What the platform answers when it converts the variant; the number, where it can.
 HRESULT Conversion(const VARIANT& value, VARTYPE type, LONG* number = nullptr) {
+  if (Variant::LeadsNowhere(value)) return E_INVALIDARG;
   Variant converted;
   const HRESULT hr = VariantChangeType(&converted.get(), const_cast<VARIANT*>(&value), 0, type);
   if (SUCCEEDED(hr) && number != nullptr) *number = converted->lVal;
@@ -144,7 +145,7 @@ Codes TypeCode() { return NameOr(Converted(VT_I2)); }
 
 std::vector<Use> OtherUses() {
   const auto bound = [](const VARIANT& value) {
-    if ((value.vt & VT_BYREF) != 0 && value.byref == nullptr) return E_INVALIDARG;
+    if (Variant::LeadsNowhere(value)) return E_INVALIDARG;
     Variant followed;
     return VariantCopyInd(&followed.get(), const_cast<VARIANT*>(&value));
   };

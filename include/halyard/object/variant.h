@@ -63,8 +63,10 @@ class Variant {
   }
 
   // As CopyOf, but a reference (VT_BYREF) gives the value that it points at: for values
-  // that are kept longer than the call that brought them.
+  // that are kept longer than the call that brought them. E_INVALIDARG for a reference that
+  // leads nowhere.
   static Variant Followed(const VARIANT& value) {
+    RequireTarget(value);
     Variant result;
     Check(VariantCopyInd(&result.value_, Source(value)));
     return result;
@@ -79,11 +81,22 @@ class Variant {
   Variant& operator=(const Variant&) = delete;
   ~Variant() { Clear(); }
 
-  // The type of `value` converted, in a new variant; a failing conversion is raised.
+  // The type of `value` converted, in a new variant; a failing conversion is raised, and
+  // E_INVALIDARG for a reference that leads nowhere.
   static Variant Converted(const VARIANT& value, VARTYPE type) {
+    RequireTarget(value);
     Variant result;
     Check(VariantChangeType(&result.value_, Source(value), 0, type));
     return result;
+  }
+
+  // Whether `value` is a reference to no place, or to a variant that is one. Not every
+  // platform looks at that before it follows a reference.
+  static bool LeadsNowhere(const VARIANT& value) noexcept {
+    if (!IsReference(value)) return false;
+    if (value.byref == nullptr) return true;
+    const bool is_variant = value.vt == (VT_BYREF | VT_VARIANT);
+    return is_variant && IsReference(*value.pvarVal) && value.pvarVal->byref == nullptr;
   }
 
   // The value, still owned here; it may be read and, with care for ownership, changed.
@@ -110,6 +123,16 @@ class Variant {
   // True for the usual numbers; others may own something that must be freed.
   static bool OwnsNothing(VARTYPE type) noexcept {
     return type <= VT_DATE || type == VT_BOOL || type == VT_UI1;
+  }
+
+  // Whether the tag is one that a reference can have; other tags are refused for themselves.
+  static bool IsReference(const VARIANT& value) noexcept {
+    const int flags = value.vt & ~(VT_TYPEMASK | VT_ARRAY);
+    return flags == VT_BYREF && (value.vt & VT_TYPEMASK) > VT_NULL;
+  }
+
+  static void RequireTarget(const VARIANT& value) {
+    if (LeadsNowhere(value)) throw Error(E_INVALIDARG, "the argument is a reference that leads nowhere");
   }
 
   void Clear() noexcept {
