@@ -51,13 +51,15 @@ class Variant {
     return result;
   }
 
-  // An independent copy of somebody's value; a failing copy is raised.
+  // An independent copy of somebody's value; a failing copy is raised, and E_INVALIDARG for
+  // a reference that leads nowhere.
   static Variant CopyOf(const VARIANT& value) {
     Variant result;
     if (OwnsNothing(value.vt)) {
       result.value_ = value;
       return result;
     }
+    RequireTarget(value);
     Check(VariantCopy(&result.value_, Source(value)));
     return result;
   }
@@ -93,10 +95,10 @@ class Variant {
   // Whether `value` is a reference to no place, or to a variant that is one. Not every
   // platform looks at that before it follows a reference.
   static bool LeadsNowhere(const VARIANT& value) noexcept {
-    if (!IsReference(value)) return false;
+    if ((value.vt & VT_BYREF) == 0) return false;
     if (value.byref == nullptr) return true;
     const bool is_variant = value.vt == (VT_BYREF | VT_VARIANT);
-    return is_variant && IsReference(*value.pvarVal) && value.pvarVal->byref == nullptr;
+    return is_variant && (value.pvarVal->vt & VT_BYREF) != 0 && value.pvarVal->byref == nullptr;
   }
 
   // The value, still owned here; it may be read and, with care for ownership, changed.
@@ -123,12 +125,6 @@ class Variant {
   // True for the usual numbers; others may own something that must be freed.
   static bool OwnsNothing(VARTYPE type) noexcept {
     return type <= VT_DATE || type == VT_BOOL || type == VT_UI1;
-  }
-
-  // Whether the tag is one that a reference can have; other tags are refused for themselves.
-  static bool IsReference(const VARIANT& value) noexcept {
-    const int flags = value.vt & ~(VT_TYPEMASK | VT_ARRAY);
-    return flags == VT_BYREF && (value.vt & VT_TYPEMASK) > VT_NULL;
   }
 
   static void RequireTarget(const VARIANT& value) {
