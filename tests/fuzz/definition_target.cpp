@@ -1,6 +1,7 @@
 #include "tests/fuzz/support/encoding.h"
 #include "tests/fuzz/support/memory_bound.h"
 #include "tests/fuzz/support/objects.h"
+#include "tests/fuzz/support/own_types.h"
 #include "tests/fuzz/support/walk.h"
 #include "tests/fuzz/targets.h"
 
@@ -8,7 +9,7 @@ namespace halyard::fuzz {
 namespace {
 
 // What a definition writes, another one reads whole and writes again, byte for byte; or
-// not at all, where the type code that leads a nested definition was not its own.
+// not at all, where the type code that leads a nested definition is not its own.
 void CheckNextGeneration(const CLSID& clsid, const Ptr<IValueDefBase>& definition) {
   const auto first = Encoded(definition);
   if (!first) return;
@@ -17,7 +18,7 @@ void CheckNextGeneration(const CLSID& clsid, const Ptr<IValueDefBase>& definitio
        "PacketSize of a definition is enough for it");
   const auto copy = CreateObject<IValueDefBase>(clsid);
   const auto taken = ReadFrom(copy, *first);
-  if (!taken) return;
+  if (!taken || !HasOwnTypes(definition)) return;
   Hold(taken == first->size(), "a definition reads all of what one wrote");
   Hold(Encoded(copy) == first, "a definition that was written and read writes the same");
 }

@@ -1,6 +1,7 @@
 #include "tests/fuzz/support/encoding.h"
 #include "tests/fuzz/support/memory_bound.h"
 #include "tests/fuzz/support/objects.h"
+#include "tests/fuzz/support/own_types.h"
 #include "tests/fuzz/support/walk.h"
 #include "tests/fuzz/targets.h"
 
@@ -16,6 +17,13 @@ void LookAtUnit(const Ptr<IUnit>& unit) {
   if (definition) LookAt(definition);
 }
 
+// False where the unit holds a definition that its own type codes do not tell.
+bool HasOwnDefinition(const Ptr<IUnit>& unit) {
+  Ptr<IValueDefBase> definition;
+  Check(unit->get_Info(definition.Out()));
+  return !definition || HasOwnTypes(definition);
+}
+
 void Read(const Bytes& bytes, const Ptr<IOrmSession>& session) {
   const auto unit = CreateObject<IUnit>(kUnitClass);
   Check(unit->put_Session(session.get()));
@@ -23,7 +31,7 @@ void Read(const Bytes& bytes, const Ptr<IOrmSession>& session) {
   LookAtUnit(unit);
   if (!read) return;
   const auto first = Encoded(unit);
-  if (!first) return;
+  if (!first || !HasOwnDefinition(unit)) return;
   const auto next = CreateObject<IUnit>(kUnitClass);
   Check(next->put_Session(session.get()));
   if (ReadFrom(next, *first))
