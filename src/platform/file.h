@@ -39,16 +39,16 @@ enum class Remains { kStay, kTakenBack };
 // Writes all `size` bytes or reports false. `can_break` is what CanBreak said. Taken back
 // means that the position is again what it was, and so is the end of the file; nothing can
 // be taken back from a handle without a position, nor where the system writes all at once.
+// Only for handles that nobody shares: it is not told whose bytes follow meanwhile.
 bool WriteToFile(FileHandle handle, const void* bytes, std::uint32_t size, bool can_break,
                  Remains remains) noexcept;
 
 // Whether the system takes bytes from two places in one write.
 bool GathersWrites() noexcept;
 
-// Writes both parts, one behind the other, or reports false, and takes back what was
-// written. Only where the system gathers writes.
+// As WriteToFile for both parts, one behind the other. Only where the system gathers writes.
 bool WriteBothToFile(FileHandle handle, std::span<const unsigned char> first,
-                     std::span<const unsigned char> second, bool can_break) noexcept;
+                     std::span<const unsigned char> second, bool can_break, Remains remains) noexcept;
 
 // How many bytes lie between the position and the end; none for a handle that has no
 // length, such as a pipe.

@@ -16,7 +16,7 @@ constexpr std::uint32_t kAheadBytes = 1u << 18;
 void FileChannel::Take(FileHandle handle) noexcept {
   handle_ = handle;
   can_break_ = CanBreak(handle);
-  reads_ahead_ = false;
+  is_alone_ = false;
   lost_ = false;
   ahead_begin_ = ahead_end_ = 0;
 }
@@ -26,6 +26,7 @@ bool FileChannel::Close() noexcept {
   const bool whole = Flush();
   CloseFile(std::exchange(handle_, kNoFile));
   lost_ = false;
+  ahead_begin_ = ahead_end_ = 0;
   return whole;
 }
 
@@ -48,7 +49,7 @@ bool FileChannel::Read(void* bytes, std::uint32_t size, std::uint32_t* count) no
   while (*count < size) {
     if (ahead() == 0) {
       const std::uint32_t rest = size - *count;
-      if (!reads_ahead_ || rest >= kAheadBytes || !Refill()) {
+      if (!is_alone_ || rest >= kAheadBytes || !Refill()) {
         std::uint32_t more = 0;
         const bool done = ReadFromFile(handle_, place + *count, rest, &more);
         *count += more;
@@ -81,7 +82,7 @@ bool FileChannel::Write(const void* bytes, std::uint32_t size) {
     AddToWaiting(size);
     return true;
   }
-  return Flush() && WriteToFile(handle_, bytes, size, can_break_, Remains::kTakenBack);
+  return Flush() && WriteToFile(handle_, bytes, size, can_break_, RemainsOfRecord());
 }
 
 unsigned char* FileChannel::RoomToWait(std::uint32_t size) {

@@ -27,9 +27,10 @@ class FileChannel {
   // Takes over a handle; one held before is left open, and nothing may wait for it.
   void Take(FileHandle handle) noexcept;
 
-  // Reads ahead from now on, if this is the handle that was taken last: one that nobody
-  // else has.
-  void ReadAhead(FileHandle handle) noexcept { reads_ahead_ = handle == handle_; }
+  // Says that nobody else has this handle; no matter if it is not the one that was taken
+  // last. From now on it is read ahead, and what a failing write has written is taken back,
+  // which could hit the bytes of others elsewhere.
+  void HaveAlone(FileHandle handle) noexcept { is_alone_ = handle == handle_; }
 
   // Hands over what waits and closes the handle, if there is one. False where written
   // bytes were lost since the handle was taken.
@@ -70,7 +71,7 @@ class FileChannel {
 
   // The same for two parts with one write. Only where the system gathers writes.
   bool WriteInOne(std::span<const unsigned char> head, std::span<const unsigned char> bytes) noexcept {
-    return Flush() && WriteBothToFile(handle_, head, bytes, can_break_);
+    return Flush() && WriteBothToFile(handle_, head, bytes, can_break_, RemainsOfRecord());
   }
 
   // Room for `size` bytes that will wait once they are Added, null where they would not.
@@ -85,12 +86,16 @@ class FileChannel {
  private:
   [[nodiscard]] std::uint32_t ahead() const noexcept { return ahead_end_ - ahead_begin_; }
 
+  [[nodiscard]] Remains RemainsOfRecord() const noexcept {
+    return is_alone_ ? Remains::kTakenBack : Remains::kStay;
+  }
+
   // Reads ahead what the system gives at once; false when it reports a failure.
   bool Refill() noexcept;
 
   FileHandle handle_ = kNoFile;
   bool can_break_ = false;
-  bool reads_ahead_ = false;
+  bool is_alone_ = false;
   bool lost_ = false;
 
   std::uint32_t buffer_size_ = 0;

@@ -77,7 +77,7 @@ HRESULT OrmFile::OpenForRead(BSTR sFileName, VARIANT_BOOL bCreateNewSession, VAR
     const FileHandle handle = OpenFileForRead(ViewOf(sFileName));
     if (handle == kNoFile) return S_OK;
     const HRESULT hr = AttachForRead(handle, bCreateNewSession, pbResult);
-    channel_.ReadAhead(handle);
+    channel_.HaveAlone(handle);
     return hr;
   });
 }
@@ -87,7 +87,10 @@ HRESULT OrmFile::OpenForWrite(BSTR sFileName, VARIANT_BOOL* pbResult) {
     Out(pbResult) = VARIANT_FALSE;
     CloseChannel();
     const FileHandle handle = OpenFileForWrite(ViewOf(sFileName));
-    return handle == kNoFile ? S_OK : AttachForWrite(handle, pbResult);
+    if (handle == kNoFile) return S_OK;
+    const HRESULT hr = AttachForWrite(handle, pbResult);
+    channel_.HaveAlone(handle);
+    return hr;
   });
 }
 
@@ -224,9 +227,10 @@ void OrmFile::TakeHandle(FileHandle handle) {
 }
 
 void OrmFile::SetUnit(Ptr<IUnit> unit) {
-  own_unit_ = nullptr;  // first, because the end of the earlier unit may come back here
-  unit_ = std::move(unit);
-  own_unit_ = Unit::Behind(unit_.get());
+  // Asked before anything changes, and the earlier unit ends last: both may come back here.
+  Unit* const own = Unit::Behind(unit.get());
+  own_unit_ = own;
+  std::swap(unit_, unit);
 }
 
 bool OrmFile::ReadHeader() {

@@ -83,9 +83,10 @@ HRESULT Unit::get_Session(IOrmSession** ppSession) {
 HRESULT Unit::put_Session(IOrmSession* pSession) {
   return Call("Session", [&] {
     Ptr<IOrmSession> session = QueryFor<IOrmSession>(pSession);
-    own_session_ = nullptr;  // first, because the end of the earlier session may come back here
-    session_ = std::move(session);
-    own_session_ = OrmSession::Behind(session_.get());
+    // Asked before anything changes, and the earlier session ends last: both may come back here.
+    OrmSession* const own = OrmSession::Behind(session.get());
+    own_session_ = own;
+    std::swap(session_, session);
   });
 }
 

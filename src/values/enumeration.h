@@ -11,6 +11,7 @@ class Enumeration : public ValueObject<Enumeration, IEnumeration> {
  public:
   static constexpr char kClassName[] = "Enumeration";
   static constexpr SHORT kTypeCode = kEnumeration;
+  static constexpr ValueTraits kTraits{.stands_alone = false, .keeps_to_itself = false, .writes_at_once = true};
 
   HRESULT STDMETHODCALLTYPE get_Item(VARIANT vIndex, VARIANT* pvValue) override;
   HRESULT STDMETHODCALLTYPE put_Item(VARIANT vIndex, VARIANT vValue) override;
@@ -26,9 +27,6 @@ class Enumeration : public ValueObject<Enumeration, IEnumeration> {
   HRESULT STDMETHODCALLTYPE get_PacketSize(ULONG* pdwSize) override;
 
   bool Renew(IValueDefBase* definition, REFCLSID value_class) override;
-  ValueTraits Traits() const noexcept override {
-    return {.stands_alone = false, .keeps_to_itself = false, .writes_at_once = true};
-  }
 
   HRESULT DefaultValue(VARIANT* result) noexcept { return get_Value(result); }
 

@@ -12,6 +12,7 @@ namespace halyard {
 class SimpleFixedStructure : public StructureObject<SimpleFixedStructure, ISimpleFixedStructure> {
  public:
   static constexpr char kClassName[] = "SimpleFixedStructure";
+  static constexpr ValueTraits kTraits{.stands_alone = false, .keeps_to_itself = true, .writes_at_once = true};
 
   // A structure of that definition, one of this library, with a copy of these bytes as its
   // block. The definition need not describe them any more.
@@ -25,9 +26,6 @@ class SimpleFixedStructure : public StructureObject<SimpleFixedStructure, ISimpl
 
   bool FindReadyBody(ReadyBody& body) override;
   bool Renew(IValueDefBase* definition, REFCLSID value_class) override;
-  ValueTraits Traits() const noexcept override {
-    return {.stands_alone = false, .keeps_to_itself = true, .writes_at_once = true};
-  }
 
   // Makes the block of the definition just taken; a definition without size is dropped.
   void Build();

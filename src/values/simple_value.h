@@ -12,6 +12,7 @@ namespace halyard {
 class SimpleValue : public ValueObject<SimpleValue, IValueBase, ISimpleValue> {
  public:
   static constexpr char kClassName[] = "SimpleValue";
+  static constexpr ValueTraits kTraits{.stands_alone = true, .keeps_to_itself = true, .writes_at_once = false};
 
   HRESULT STDMETHODCALLTYPE get_Item(VARIANT vIndex, VARIANT* pvValue) override;
   HRESULT STDMETHODCALLTYPE put_Item(VARIANT vIndex, VARIANT vValue) override;
@@ -38,9 +39,6 @@ class SimpleValue : public ValueObject<SimpleValue, IValueBase, ISimpleValue> {
 
   SHORT TypeCode() const noexcept { return type_; }
   bool Renew(IValueDefBase* definition, REFCLSID value_class) override;
-  ValueTraits Traits() const noexcept override {
-    return {.stands_alone = true, .keeps_to_itself = true, .writes_at_once = false};
-  }
 
   HRESULT DefaultValue(VARIANT* result) noexcept { return get_Value(result); }
 

@@ -12,6 +12,9 @@ namespace halyard {
 template <class T, class... Interfaces>
 class ValueObject : public EncodedObject<T, Interfaces..., IInsideValue> {
  public:
+  // Classes that promise more than nothing have a constant of their own.
+  static constexpr ValueTraits kTraits{};
+
   HRESULT STDMETHODCALLTYPE Add(VARIANT) override { return S_OK; }
   HRESULT STDMETHODCALLTYPE Remove(VARIANT) override { return S_OK; }
   HRESULT STDMETHODCALLTYPE RemoveAll() override { return S_OK; }
@@ -28,7 +31,9 @@ class ValueObject : public EncodedObject<T, Interfaces..., IInsideValue> {
 
   bool FindReadyBody(ReadyBody&) override { return false; }
   bool Renew(IValueDefBase*, REFCLSID) override { return false; }
-  ValueTraits Traits() const noexcept override { return {}; }
+
+  // A part of another object promises nothing: to hold it is to hold the whole.
+  ValueTraits Traits() const noexcept final { return this->IsPart() ? ValueTraits{} : T::kTraits; }
 
  protected:
   // This object as the content of a composite value: VT_DISPATCH with a reference.

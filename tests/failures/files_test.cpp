@@ -1,4 +1,5 @@
 // Files whose system calls fail, one after another.
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
@@ -83,6 +84,42 @@ TEST(DiskWithRoomAgain, KeepsTheRecordsBehindARefusedOne) {
         << "call " << which;
     EXPECT_EQ(NumbersIn(place), written) << "call " << which;
   }
+}
+
+// A handle that a client attached may be one of many: nothing is cut off there.
+TEST(AttachedFile, KeepsItsLengthWhereARecordIsRefused) {
+  constexpr std::size_t kLength = 4000;
+  const TempFile place(Bytes(kLength, 'x'));
+  const auto definition = NumberedDefinition();
+  const LONG handle = open(place.path().c_str(), O_WRONLY | O_CLOEXEC);
+  ASSERT_GE(handle, 0);
+  const auto file = NewFile();
+  ASSERT_TRUE(AttachForWrite(file, handle));
+  ASSERT_TRUE(WriteInfo(file, definition.get()));
+  {
+    const FailingCall failing(1, Fault::kHalfThenFull);
+    EXPECT_EQ(WriteNumbered(file, definition, 0, 1), 0);
+    EXPECT_TRUE(failing.Happened());
+  }
+  EXPECT_EQ(file->Close(), S_OK);
+  EXPECT_EQ(place.Contents().size(), kLength);
+}
+
+TEST(AttachedFile, KeepsWhatOthersAppendedBehindARefusedRecord) {
+  const TempFile place(Bytes{});
+  const auto definition = NumberedDefinition();
+  const LONG handle = open(place.path().c_str(), O_WRONLY | O_APPEND | O_CLOEXEC);
+  ASSERT_GE(handle, 0);
+  const auto file = NewFile();
+  ASSERT_TRUE(AttachForWrite(file, handle));
+  ASSERT_TRUE(WriteInfo(file, definition.get()));
+  const std::size_t before = place.Contents().size();
+  {
+    const FailingCall failing(1, Fault::kHalfThenFull);
+    EXPECT_EQ(WriteNumbered(file, definition, 0, 1), 0);
+  }
+  EXPECT_GT(place.Contents().size(), before);
+  EXPECT_EQ(file->Close(), S_OK);
 }
 
 class EachWriteIsHeldUp : public testing::TestWithParam<Fault> {};

@@ -169,6 +169,18 @@ TEST(OrmFile, ClosedFileNeitherReadsNorWrites) {
   EXPECT_EQ(file->Close(), S_OK);
 }
 
+TEST(OrmFile, ClosedFileGivesNothingThatWasReadAhead) {
+  TempFile disk(FileOf({kInfoUnitBytes, kInfoUnitBytes, kInfoUnitBytes}));
+  const auto file = OpenedForRead(disk);
+  EXPECT_TRUE(ReadUnit(file));
+  EXPECT_EQ(file->Close(), S_OK);
+  EXPECT_FALSE(ReadUnit(file));
+  EXPECT_TRUE(ReadDataFails(file));
+  const TempFile missing;
+  EXPECT_FALSE(OpenForRead(file, missing.name()));
+  EXPECT_FALSE(ReadUnit(file));
+}
+
 TEST(OrmFile, DirectionOfTheHandleDecides) {
   TempFile disk(FileOf({kInfoUnitBytes}));
   const auto reader = OpenedForRead(disk);

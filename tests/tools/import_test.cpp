@@ -62,6 +62,13 @@ TEST(Import, RoundTripsTables) {
   ExpectRoundTrip("Köln,€\nZürich,“quoted”\n");
 }
 
+// In quotes it is text; at the beginning of a file it would be none.
+TEST(Import, RoundTripsATextThatBeginsWithTheMarkOfAFile) {
+  const std::string table = "\"\xEF\xBB\xBFmark\",b\n1,2\n";
+  const std::vector<std::string> utf8 = {"--encoding", "utf-8"};
+  EXPECT_EQ(Imported(table, utf8).Exported(utf8), table);
+}
+
 TEST(Import, RoundTripsNumbersAsTheyWereWritten) {
   ExpectRoundTrip("price\n1.50\n20.00\n-3.25\n");
   ExpectRoundTrip("python\n3.0\n1e-05\n0.1\n");

@@ -14,7 +14,6 @@ constexpr int kEnd = -1;
 constexpr std::size_t kStep = std::size_t{1} << 16;
 constexpr std::size_t kLongestField = 1'000'000;  // far beyond the texts of a file
 constexpr std::size_t kMostFields = 65535;        // members that a structure can have
-constexpr unsigned char kByteOrderMark[] = {0xEF, 0xBB, 0xBF};
 
 bool IsUtf8(std::string_view text) {
   if (IsAscii(text)) return true;
@@ -33,9 +32,8 @@ CsvReader::CsvReader(Input& input, char delimiter, TextForm form)
 
 void CsvReader::SkipByteOrderMark() {
   Peek();
-  const bool has_mark = form_ == TextForm::kUtf8 && end_ >= sizeof kByteOrderMark &&
-                        std::equal(std::begin(kByteOrderMark), std::end(kByteOrderMark), buffer_.begin());
-  if (has_mark) next_ = sizeof kByteOrderMark;
+  const std::string_view begin(reinterpret_cast<const char*>(buffer_.data()), end_);
+  if (form_ == TextForm::kUtf8 && begin.starts_with(kByteOrderMark)) next_ = kByteOrderMark.size();
 }
 
 int CsvReader::Peek() {

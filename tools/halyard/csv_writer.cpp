@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "tools/halyard/unicode.h"
+
 namespace halyard::tool {
 
 CsvWriter::CsvWriter(Output& output, char delimiter, TextForm form)
@@ -17,8 +19,10 @@ bool CsvWriter::Text(std::string_view utf8) {
   if (!bytes) return false;
   Separate();
   const auto needs_quotes = [this](char c) { return c == '"' || c == '\r' || c == '\n' || c == delimiter_; };
-  // An empty text in quotes is told from a missing value.
-  if (!bytes->empty() && std::none_of(bytes->begin(), bytes->end(), needs_quotes)) {
+  // An empty text in quotes is told from a missing value, and a text that begins with the
+  // mark of a file from that mark.
+  if (!bytes->empty() && !bytes->starts_with(kByteOrderMark) &&
+      std::none_of(bytes->begin(), bytes->end(), needs_quotes)) {
     row_ += *bytes;
     return true;
   }

@@ -10,6 +10,9 @@
 
 namespace halyard::tool {
 
+// U+FEFF in UTF-8. At the beginning of a file it says that the file is UTF-8 and is no text.
+inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
 // Takes the first character off the front of a text that is not empty. None, and one
 // byte taken, where the bytes are no UTF-8.
 std::optional<char32_t> TakeCharacter(std::string_view& text) noexcept;

@@ -106,7 +106,7 @@ bool WriteAll(FileHandle handle, std::span<const unsigned char> bytes, Remains r
 
 // As WriteAll for two parts.
 bool WriteBoth(FileHandle handle, std::span<const unsigned char> first,
-               std::span<const unsigned char> second) noexcept {
+               std::span<const unsigned char> second, Remains remains) noexcept {
   iovec parts[] = {{const_cast<unsigned char*>(first.data()), first.size()},
                    {const_cast<unsigned char*>(second.data()), second.size()}};
   const ssize_t n = Uninterrupted([&] { return writev(handle, parts, 2); });
@@ -114,7 +114,7 @@ bool WriteBoth(FileHandle handle, std::span<const unsigned char> first,
   std::size_t of_first = std::min(static_cast<std::size_t>(n), first.size());
   std::size_t of_second = static_cast<std::size_t>(n) - of_first;
   if (WriteRest(handle, first, &of_first) && WriteRest(handle, second, &of_second)) return true;
-  TakeBack(handle, of_first + of_second);
+  if (remains == Remains::kTakenBack) TakeBack(handle, of_first + of_second);
   return false;
 }
 
@@ -165,10 +165,10 @@ bool WriteToFile(FileHandle handle, const void* bytes, std::uint32_t size, bool 
 bool GathersWrites() noexcept { return true; }
 
 bool WriteBothToFile(FileHandle handle, std::span<const unsigned char> first,
-                     std::span<const unsigned char> second, bool can_break) noexcept {
-  if (!can_break) return WriteBoth(handle, first, second);
+                     std::span<const unsigned char> second, bool can_break, Remains remains) noexcept {
+  if (!can_break) return WriteBoth(handle, first, second, remains);
   const BrokenPipeGuard guard;
-  return WriteBoth(handle, first, second);
+  return WriteBoth(handle, first, second, remains);
 }
 
 std::optional<std::uint64_t> BytesToEnd(FileHandle handle) noexcept {

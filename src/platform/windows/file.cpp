@@ -63,7 +63,7 @@ bool WriteToFile(FileHandle handle, const void* bytes, std::uint32_t size, bool,
 bool GathersWrites() noexcept { return false; }
 
 bool WriteBothToFile(FileHandle, std::span<const unsigned char>, std::span<const unsigned char>,
-                     bool) noexcept {
+                     bool, Remains) noexcept {
   return false;
 }
 

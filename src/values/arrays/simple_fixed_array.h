@@ -10,6 +10,7 @@ namespace halyard {
 class SimpleFixedArray : public SimpleArrayObject<SimpleFixedArray, ISimpleFixedArray> {
  public:
   static constexpr char kClassName[] = "SimpleFixedArray";
+  static constexpr ValueTraits kTraits{.stands_alone = false, .keeps_to_itself = true, .writes_at_once = true};
 
   // A new array over `memory` with the elements that the definition describes; it keeps
   // no definition. Null memory is accepted, but then elements are E_POINTER.
@@ -20,9 +21,6 @@ class SimpleFixedArray : public SimpleArrayObject<SimpleFixedArray, ISimpleFixed
   HRESULT STDMETHODCALLTYPE get_PacketSize(ULONG* pdwSize) override;
 
   bool Renew(IValueDefBase* definition, REFCLSID value_class) override;
-  ValueTraits Traits() const noexcept override {
-    return {.stands_alone = false, .keeps_to_itself = true, .writes_at_once = true};
-  }
 
   [[nodiscard]] bool Decode(ReadCursor& cursor);
   [[nodiscard]] bool Encode(WriteCursor& cursor) const;
