@@ -1,9 +1,8 @@
 #include "tests/differential/hostile_reading.h"
 
-#include <fstream>
-#include <iterator>
 #include <map>
 
+#include "tests/support/files.h"
 #include "tests/support/handles.h"
 
 namespace halyard::differential {
@@ -23,16 +22,6 @@ std::string ShowBytes(const Bytes& bytes) {
   for (const unsigned char byte : bytes) sum = (sum ^ byte) * 0x01000193;
   return "[" + test::ToHex(test::Prefix(bytes, kShownBytes)) + "] " +
          ShowNumber(static_cast<long long>(bytes.size())) + " " + ShowNumber(sum);
-}
-
-Bytes ContentOf(const char* name) {
-  std::ifstream file(name, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
-void MakeFile(const Bytes& bytes) {
-  std::ofstream file(kReadName, std::ios::binary);
-  file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
 }
 
 // Status, result and count of a call on a buffer.
@@ -135,7 +124,7 @@ void WriteAgain(World& world, const std::vector<Ptr<IUnit>>& units) {
                Number<VARIANT_BOOL>([&](auto* out) { return file->WriteUnit(unit.get(), out); }));
   }
   static_cast<void>(file->Close());
-  world.Tell("written", ShowBytes(ContentOf(kWrittenName)));
+  world.Tell("written", ShowBytes(test::ContentOf(kWrittenName)));
 }
 
 void ReadByName(World& world, const char* name, bool writes_again) {
@@ -238,7 +227,7 @@ void ReadFromMemory(World& world, const Bytes& stream) {
 }  // namespace
 
 void ReadHostile(World& world, const Bytes& stream) {
-  MakeFile(stream);
+  test::MakeFile(kReadName, stream);
   world.Tell("stream", ShowBytes(stream));
   ReadByName(world, kReadName, true);
   ReadByName(world, kWrittenName, false);

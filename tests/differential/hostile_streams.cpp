@@ -1,10 +1,10 @@
 #include "tests/differential/hostile_streams.h"
 
 #include <algorithm>
-#include <fstream>
 #include <iterator>
 
 #include "tests/differential/world.h"
+#include "tests/support/files.h"
 #include "tests/support/message_recorder.h"
 
 namespace halyard::differential {
@@ -16,19 +16,6 @@ constexpr std::uint64_t kChangesOfEach = 16;
 constexpr unsigned char kInfoKind = 101;
 constexpr unsigned char kDataKind = 102;
 constexpr SHORT kTypeOfClass[] = {kLong, kEnumeration, kStructure, kArray};
-
-Bytes ContentOf(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
-std::vector<std::filesystem::path> FilesIn(const std::filesystem::path& folder) {
-  std::vector<std::filesystem::path> files;
-  if (std::filesystem::is_directory(folder))
-    for (const auto& entry : std::filesystem::directory_iterator(folder)) files.push_back(entry.path());
-  std::sort(files.begin(), files.end());
-  return files;
-}
 
 // The info unit of an input of the target `definition`: a byte for the class, then the
 // definition. A simple one begins with its own type code.
@@ -118,12 +105,12 @@ HostileStreams::HostileStreams(const std::vector<std::filesystem::path>& folders
 }
 
 void HostileStreams::TakeFolder(const std::filesystem::path& folder) {
-  for (const auto& path : FilesIn(folder / "file")) kept_.push_back(ContentOf(path));
-  for (const auto& path : FilesIn(folder / "unit")) kept_.push_back(StreamOf({ContentOf(path)}));
-  for (const auto& path : FilesIn(folder / "definition"))
-    kept_.push_back(StreamOf({InfoUnit(ContentOf(path))}));
-  for (const auto& path : FilesIn(folder / "value"))
-    kept_.push_back(StreamOf(InfoAndDataUnit(ContentOf(path))));
+  for (const auto& path : test::FilesIn(folder / "file")) kept_.push_back(test::ContentOf(path));
+  for (const auto& path : test::FilesIn(folder / "unit")) kept_.push_back(StreamOf({test::ContentOf(path)}));
+  for (const auto& path : test::FilesIn(folder / "definition"))
+    kept_.push_back(StreamOf({InfoUnit(test::ContentOf(path))}));
+  for (const auto& path : test::FilesIn(folder / "value"))
+    kept_.push_back(StreamOf(InfoAndDataUnit(test::ContentOf(path))));
 }
 
 const Bytes& HostileStreams::ValidStream(std::uint64_t seed) {

@@ -1,9 +1,8 @@
 // Steps with sessions, units and files.
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "tests/differential/world.h"
+#include "tests/support/files.h"
 
 namespace halyard::differential {
 namespace {
@@ -91,9 +90,7 @@ void WriteFile(World& world) {
 
 // Shows the file's bytes; at times cuts them.
 void ShowAndCutFile(World& world) {
-  std::ifstream in("differential.orm", std::ios::binary);
-  Bytes bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-  in.close();
+  const Bytes bytes = test::ContentOf("differential.orm");
   world.Tell("file", test::ToHex(test::Prefix(bytes, 600)) + " of " +
                          ShowNumber(static_cast<long long>(bytes.size())));
   if (!world.random.OneIn(4)) return;

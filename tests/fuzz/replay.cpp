@@ -1,36 +1,24 @@
 // halyard_replay TARGET|library FOLDER...: runs the kept inputs of one target, or of all that
 // are of the library, each FOLDER having one folder per target, and prints "N passed, N
 // failed". A broken promise or a report of the sanitizers ends it.
-#include <algorithm>
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string_view>
-#include <vector>
 
 #include "halyard/object/live_objects.h"
 #include "halyard/platform/messages.h"
 #include "tests/fuzz/support/memory_bound.h"
 #include "tests/fuzz/targets.h"
+#include "tests/support/files.h"
 
 namespace halyard::fuzz {
 namespace {
 
-std::vector<std::filesystem::path> FilesIn(const std::filesystem::path& folder) {
-  std::vector<std::filesystem::path> files;
-  if (std::filesystem::is_directory(folder))
-    for (const auto& entry : std::filesystem::directory_iterator(folder)) files.push_back(entry.path());
-  std::sort(files.begin(), files.end());
-  return files;
-}
-
 // Whether the input left no object behind.
 bool Replay(const TargetRow& target, const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  const std::vector<char> content{std::istreambuf_iterator<char>(file), {}};
+  const test::Bytes content = test::ContentOf(path);
   std::fprintf(stderr, "%s %s\n", target.name, path.filename().c_str());
-  target.run({reinterpret_cast<const unsigned char*>(content.data()), content.size()});
+  target.run(content);
   return LiveObjects() == 0;
 }
 
@@ -46,7 +34,7 @@ int main(int argc, char** argv) {
   for (int i = 2; i < argc; ++i) {
     for (const fuzz::TargetRow& target : fuzz::Targets()) {
       if (wanted != target.name && (wanted != "library" || target.is_of_tool)) continue;
-      for (const auto& path : fuzz::FilesIn(std::filesystem::path(argv[i]) / target.name)) {
+      for (const auto& path : test::FilesIn(std::filesystem::path(argv[i]) / target.name)) {
         ++(fuzz::Replay(target, path) ? passed : failed);
       }
     }

@@ -8,9 +8,40 @@
 
 namespace halyard::test {
 
-class ClientValue : public ClientObject<IValueBase> {
+// What definitions and values have in common.
+template <class Interface>
+class ClientDescription : public ClientObject<Interface> {
  public:
-  using ClientObject::ClientObject;
+  using ClientObject<Interface>::ClientObject;
+
+  HRESULT STDMETHODCALLTYPE get_Count(LONG* out) override {
+    return this->Pass([&](Interface& inner, const Mischief&) { return inner.get_Count(out); });
+  }
+  HRESULT STDMETHODCALLTYPE get_Type(SHORT* out) override {
+    return this->Pass([&](Interface& inner, const Mischief&) { return inner.get_Type(out); });
+  }
+  HRESULT STDMETHODCALLTYPE get_Id(SHORT* out) override { return this->PassId(out); }
+  HRESULT STDMETHODCALLTYPE get_PacketSize(ULONG* out) override {
+    return this->PassSize(out, [&](Interface& inner) { return inner.get_PacketSize(out); });
+  }
+  HRESULT STDMETHODCALLTYPE ReadFromBuffer(unsigned char* bytes, ULONG size, ULONG* count,
+                                           VARIANT_BOOL* result) override {
+    return this->PassBytes(
+        count, [&](Interface& inner) { return inner.ReadFromBuffer(bytes, size, count, result); });
+  }
+  HRESULT STDMETHODCALLTYPE WriteToBuffer(unsigned char* bytes, ULONG size, ULONG* count,
+                                          VARIANT_BOOL* result) override {
+    return this->PassBytes(count,
+                           [&](Interface& inner) { return inner.WriteToBuffer(bytes, size, count, result); });
+  }
+  HRESULT STDMETHODCALLTYPE get_TypeString(BSTR* out) override {
+    return this->Pass([&](Interface& inner, const Mischief&) { return inner.get_TypeString(out); });
+  }
+};
+
+class ClientValue : public ClientDescription<IValueBase> {
+ public:
+  using ClientDescription::ClientDescription;
 
   HRESULT STDMETHODCALLTYPE get_Item(VARIANT index, VARIANT* out) override {
     return Pass([&](IValueBase& inner, const Mischief&) { return inner.get_Item(index, out); });
@@ -20,9 +51,6 @@ class ClientValue : public ClientObject<IValueBase> {
   }
   HRESULT STDMETHODCALLTYPE get_Name(VARIANT index, BSTR* out) override {
     return Pass([&](IValueBase& inner, const Mischief&) { return inner.get_Name(index, out); });
-  }
-  HRESULT STDMETHODCALLTYPE get_Count(LONG* out) override {
-    return Pass([&](IValueBase& inner, const Mischief&) { return inner.get_Count(out); });
   }
   HRESULT STDMETHODCALLTYPE Add(VARIANT value) override {
     return Pass([&](IValueBase& inner, const Mischief&) { return inner.Add(value); });
@@ -45,49 +73,22 @@ class ClientValue : public ClientObject<IValueBase> {
   HRESULT STDMETHODCALLTYPE Copy(IValueBase** out) override {
     return PassMade(out, [&](IValueBase& inner) { return inner.Copy(out); });
   }
-  HRESULT STDMETHODCALLTYPE get_Type(SHORT* out) override {
-    return Pass([&](IValueBase& inner, const Mischief&) { return inner.get_Type(out); });
-  }
   HRESULT STDMETHODCALLTYPE get_Info(IValueDefBase** out) override {
     return PassMade(out, [&](IValueBase& inner) { return inner.get_Info(out); });
   }
   HRESULT STDMETHODCALLTYPE put_Info(IValueDefBase* definition) override {
     return Pass([&](IValueBase& inner, const Mischief&) { return inner.put_Info(definition); });
   }
-  HRESULT STDMETHODCALLTYPE get_Id(SHORT* out) override { return PassId(out); }
-  HRESULT STDMETHODCALLTYPE get_PacketSize(ULONG* out) override {
-    return PassSize(out, [&](IValueBase& inner) { return inner.get_PacketSize(out); });
-  }
-  HRESULT STDMETHODCALLTYPE ReadFromBuffer(unsigned char* bytes, ULONG size, ULONG* count,
-                                           VARIANT_BOOL* result) override {
-    return PassBytes(count,
-                     [&](IValueBase& inner) { return inner.ReadFromBuffer(bytes, size, count, result); });
-  }
-  HRESULT STDMETHODCALLTYPE WriteToBuffer(unsigned char* bytes, ULONG size, ULONG* count,
-                                          VARIANT_BOOL* result) override {
-    return PassBytes(count,
-                     [&](IValueBase& inner) { return inner.WriteToBuffer(bytes, size, count, result); });
-  }
-  HRESULT STDMETHODCALLTYPE get_TypeString(BSTR* out) override {
-    return Pass([&](IValueBase& inner, const Mischief&) { return inner.get_TypeString(out); });
-  }
 };
 
 // The values that it makes are the client's, too, and do the same mischief.
-class ClientDefinition : public ClientObject<IValueDefBase> {
+class ClientDefinition : public ClientDescription<IValueDefBase> {
  public:
-  using ClientObject::ClientObject;
+  using ClientDescription::ClientDescription;
 
-  HRESULT STDMETHODCALLTYPE get_Count(LONG* out) override {
-    return Pass([&](IValueDefBase& inner, const Mischief&) { return inner.get_Count(out); });
-  }
-  HRESULT STDMETHODCALLTYPE get_Type(SHORT* out) override {
-    return Pass([&](IValueDefBase& inner, const Mischief&) { return inner.get_Type(out); });
-  }
   HRESULT STDMETHODCALLTYPE put_Type(SHORT type) override {
     return Pass([&](IValueDefBase& inner, const Mischief&) { return inner.put_Type(type); });
   }
-  HRESULT STDMETHODCALLTYPE get_Id(SHORT* out) override { return PassId(out); }
   HRESULT STDMETHODCALLTYPE put_Id(SHORT id) override {
     return Pass([&](IValueDefBase& inner, const Mischief&) { return inner.put_Id(id); });
   }
@@ -103,9 +104,6 @@ class ClientDefinition : public ClientObject<IValueDefBase> {
   HRESULT STDMETHODCALLTYPE CalculateDataSize(ULONG* out) override {
     return PassSize(out, [&](IValueDefBase& inner) { return inner.CalculateDataSize(out); });
   }
-  HRESULT STDMETHODCALLTYPE get_PacketSize(ULONG* out) override {
-    return PassSize(out, [&](IValueDefBase& inner) { return inner.get_PacketSize(out); });
-  }
   HRESULT STDMETHODCALLTYPE CreateDataObject(IValueBase** out) override {
     const auto mischief = shared_mischief();
     return PassMade(out, [&](IValueDefBase& inner) {
@@ -114,19 +112,6 @@ class ClientDefinition : public ClientObject<IValueDefBase> {
       if (SUCCEEDED(hr)) *out = Ptr<IValueBase>(new ClientValue(made, mischief)).Detach();
       return hr;
     });
-  }
-  HRESULT STDMETHODCALLTYPE ReadFromBuffer(unsigned char* bytes, ULONG size, ULONG* count,
-                                           VARIANT_BOOL* result) override {
-    return PassBytes(count,
-                     [&](IValueDefBase& inner) { return inner.ReadFromBuffer(bytes, size, count, result); });
-  }
-  HRESULT STDMETHODCALLTYPE WriteToBuffer(unsigned char* bytes, ULONG size, ULONG* count,
-                                          VARIANT_BOOL* result) override {
-    return PassBytes(count,
-                     [&](IValueDefBase& inner) { return inner.WriteToBuffer(bytes, size, count, result); });
-  }
-  HRESULT STDMETHODCALLTYPE get_TypeString(BSTR* out) override {
-    return Pass([&](IValueDefBase& inner, const Mischief&) { return inner.get_TypeString(out); });
   }
 };
 

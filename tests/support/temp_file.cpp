@@ -1,8 +1,8 @@
 #include "tests/support/temp_file.h"
 
-#include <fstream>
-#include <iterator>
 #include <random>
+
+#include "tests/support/files.h"
 
 namespace halyard::test {
 namespace {
@@ -30,14 +30,8 @@ TempFile::~TempFile() {
 
 bool TempFile::Exists() const { return std::filesystem::exists(path_); }
 
-Bytes TempFile::Contents() const {
-  std::ifstream file(path_, std::ios::binary);
-  return Bytes(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-}
+Bytes TempFile::Contents() const { return ContentOf(path_); }
 
-void TempFile::Write(const Bytes& contents) const {
-  std::ofstream file(path_, std::ios::binary | std::ios::trunc);
-  file.write(reinterpret_cast<const char*>(contents.data()), static_cast<std::streamsize>(contents.size()));
-}
+void TempFile::Write(const Bytes& contents) const { MakeFile(path_, contents); }
 
 }  // namespace halyard::test
