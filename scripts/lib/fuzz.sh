@@ -10,15 +10,25 @@ kept_inputs=(tests/fuzz/seeds tests/golden/hostile build/fuzz/corpus)
 # The targets that something is kept for.
 kept_fuzz_targets() { find "${kept_inputs[@]}" -mindepth 1 -maxdepth 1 -type d -printf '%f\n' 2>/dev/null | sort -u; }
 
+# fuzz_suites SECONDS TARGET...: each target for so long, as many at a time as there are
+# processors.
+fuzz_suites() {
+  local seconds="$1" target calls=()
+  for target in "${@:2}"; do
+    if [[ ! -x "build/fuzz/tests/fuzz/fuzz_$target" ]]; then
+      complain "there is no target '$target'; there are: $(all_fuzz_targets | tr '\n' ' ')"
+      exit 2
+    fi
+    calls+=("fuzz_suite $target $seconds")
+  done
+  at_once "${calls[@]}"
+}
+
 # fuzz_suite TARGET SECONDS: counts each input that was run as a check that passed.
 fuzz_suite() {
   local target="$1" seconds="$2" program="build/fuzz/tests/fuzz/fuzz_$1" folder folders=()
   local kept="${target/records/file}" # whole files both
   local dictionary="tests/fuzz/dictionaries/$target.dict" with_dictionary=()
-  if [[ ! -x "$program" ]]; then
-    complain "there is no target '$target'; there are: $(all_fuzz_targets | tr '\n' ' ')"
-    exit 2
-  fi
   mkdir -p "build/fuzz/corpus/$target" build/fuzz/findings
   for folder in "tests/fuzz/seeds/$kept" "tests/golden/hostile/$kept"; do
     [[ -d "$folder" ]] && folders+=("$folder")

@@ -42,6 +42,37 @@ counting_suite() {
   close_suite "$1" "$suite_status" "$passed" "$failed" 0
 }
 
+# at_once CALL...: calls of suite functions, each a string, as many at a time as there are
+# processors. What they count is added when all have ended.
+at_once() {
+  local call tallies number=0 passed failed
+  tallies="$(mktemp -d)"
+  for call in "$@"; do
+    while [[ "$(jobs -rp | wc -l)" -ge "$(nproc)" ]]; do wait -n || true; done
+    number=$((number + 1))
+    tallied "$tallies/$number" "$call" &
+  done
+  wait
+  for ((number = 1; number <= $#; ++number)); do
+    if [[ -s "$tallies/$number" ]]; then
+      read -r passed failed <"$tallies/$number"
+      passed_total=$((passed_total + passed))
+      failed_total=$((failed_total + failed))
+    else
+      broken_suite "${*:number:1}"
+    fi
+  done
+  rm -rf "$tallies"
+}
+
+# tallied FILE CALL: what a call alone counts goes to the file.
+tallied() {
+  passed_total=0
+  failed_total=0
+  eval "$2"
+  echo "$passed_total $failed_total" >"$1"
+}
+
 # A suite that could not even start, for a reason that was already shown.
 broken_suite() { close_suite "$1" 1 0 0 0; }
 

@@ -6,27 +6,33 @@ declare -A tool_tests=(
   [native-asan]='*BadInput*:*BadOutput*:*CutAnywhere*:Doctor.*:Export.*:Recover.*:Merge.*:Cat.*:Defs.*:-*FullDisk*'
 )
 
-for preset in native native-asan; do
-  if build_preset "$preset"; then
-    gtest_suite "$preset unit" "build/$preset/tests/halyard_unit_tests"
-    gtest_suite "$preset conformance" "build/$preset/tests/halyard_conformance_tests"
-    gtest_suite "$preset failures" "build/$preset/tests/failures/halyard_failure_tests"
-    gtest_suite "$preset examples" "build/$preset/tests/examples/halyard_example_tests"
-    gtest_suite "$preset tool" "build/$preset/tests/tools/halyard_tool_tests" "--gtest_filter=${tool_tests[$preset]}"
-    ctest_suite "$preset programs" "build/$preset" --label-exclude gtest
-    case "$preset" in
-      native)
-        gtest_suite "$preset load" "build/$preset/tests/load/halyard_load_tests"
-        glance_at_speed
-        ;;
-      native-asan)
-        counting_suite "$preset hostile inputs" build/native-asan/tests/fuzz/halyard_replay library \
-          tests/fuzz/seeds tests/golden/hostile
-        counting_suite "$preset hostile tables" build/native-asan/tests/fuzz/halyard_replay csv \
-          tests/fuzz/seeds tests/golden/hostile
-        ;;
-    esac
-  else
-    broken_suite "$preset build"
-  fi
-done
+# The calls of suites that every preset has, the longest first.
+suites_of() {
+  local programs="build/$1/tests"
+  suites=(
+    "gtest_suite '$1 tool' $programs/tools/halyard_tool_tests '--gtest_filter=${tool_tests[$1]}'"
+    "gtest_suite '$1 failures' $programs/failures/halyard_failure_tests"
+    "gtest_suite '$1 conformance' $programs/halyard_conformance_tests"
+    "ctest_suite '$1 programs' build/$1 --label-exclude gtest"
+    "gtest_suite '$1 examples' $programs/examples/halyard_example_tests"
+    "gtest_suite '$1 unit' $programs/halyard_unit_tests"
+  )
+}
+
+if build_preset native; then
+  suites_of native
+  at_once "${suites[@]}" "gtest_suite 'native load' build/native/tests/load/halyard_load_tests"
+  glance_at_speed
+else
+  broken_suite "native build"
+fi
+
+if build_preset native-asan; then
+  suites_of native-asan
+  replay=build/native-asan/tests/fuzz/halyard_replay
+  at_once "${suites[@]}" \
+    "counting_suite 'native-asan hostile inputs' $replay library tests/fuzz/seeds tests/golden/hostile" \
+    "counting_suite 'native-asan hostile tables' $replay csv tests/fuzz/seeds tests/golden/hostile"
+else
+  broken_suite "native-asan build"
+fi

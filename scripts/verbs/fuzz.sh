@@ -15,8 +15,6 @@ else
   build_preset fuzz
   fuzz_targets=("$target")
   [[ "$target" == all ]] && fuzz_targets=($(all_fuzz_targets))
-  for target in "${fuzz_targets[@]}"; do
-    fuzz_suite "$target" "$seconds"
-  done
+  fuzz_suites "$seconds" "${fuzz_targets[@]}"
 fi
 close_suites

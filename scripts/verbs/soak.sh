@@ -31,13 +31,12 @@ soak_native() {
     broken_suite "native build"
     return
   fi
-  gtest_suite "load" env "HALYARD_LOAD=$load" build/native/tests/load/halyard_load_tests
-  gtest_suite "kills" env "HALYARD_KILLS=$kills" build/native/tests/failures/halyard_failure_tests \
-    --gtest_filter='KilledWriter.*'
-  gtest_suite "every allocation" env "HALYARD_PROGRAMS=$failing_programs" \
-    build/native/tests/failures/halyard_failure_tests --gtest_filter='RandomPrograms.*'
-  gtest_suite "conformance under valgrind" valgrind --quiet --error-exitcode=1 --leak-check=full \
-    build/native/tests/halyard_conformance_tests
+  local failures=build/native/tests/failures/halyard_failure_tests
+  local valgrind="valgrind --quiet --error-exitcode=1 --leak-check=full"
+  at_once "gtest_suite load env HALYARD_LOAD=$load build/native/tests/load/halyard_load_tests" \
+    "gtest_suite 'conformance under valgrind' $valgrind build/native/tests/halyard_conformance_tests" \
+    "gtest_suite 'every allocation' env HALYARD_PROGRAMS=$failing_programs $failures --gtest_filter='RandomPrograms.*'" \
+    "gtest_suite kills env HALYARD_KILLS=$kills $failures --gtest_filter='KilledWriter.*'"
 }
 
 # Random programs and hostile streams, here and in Wine: the streams that are kept, then new ones.
@@ -57,9 +56,7 @@ soak_fuzzing() {
     broken_suite "fuzz build"
     return
   fi
-  for target in $(all_fuzz_targets); do
-    fuzz_suite "$target" "$fuzz_seconds"
-  done
+  fuzz_suites "$fuzz_seconds" $(all_fuzz_targets)
 }
 
 need windows-run valgrind
