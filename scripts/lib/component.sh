@@ -27,6 +27,18 @@ hostile_differential_suite() {
     "$PWD/tests/golden/hostile" "$PWD/tests/fuzz/seeds"
 }
 
+# differential_suites FIRST COUNT [FIRST_STREAM]: both of them, with all that they need.
+differential_suites() {
+  if build_preset native "${differential_programs[@]}" && build_preset win64 halyard "${differential_programs[@]}" &&
+    new_wine_prefix && register_component; then
+    differential_suite "$1" "$2"
+    hostile_differential_suite "${3:-$1}" "$2"
+  else
+    broken_suite "both platforms"
+  fi
+  end_wine
+}
+
 # compare_platforms SUITE PROGRAM FIRST COUNT [ARGUMENT...]
 compare_platforms() {
   counting_suite "$1" "${in_wine[@]}" tests/differential/run.sh "build/native/tests/differential/$2" \

@@ -2,8 +2,8 @@
 
 target="${1:-all}"
 seconds="${2:-60}"
+need_count SECONDS "$seconds"
 need clang
-source scripts/lib/fuzz.sh
 if [[ "$target" == coverage ]]; then
   build_preset coverage halyard_replay
   rm -rf build/coverage/notes

@@ -41,14 +41,7 @@ soak_native() {
 
 # Random programs and hostile streams, here and in Wine: the streams that are kept, then new ones.
 soak_both_platforms() {
-  if build_preset native "${differential_programs[@]}" && build_preset win64 halyard "${differential_programs[@]}" &&
-    new_wine_prefix && register_component; then
-    differential_suite "$first_seed" "$random_programs"
-    hostile_differential_suite 1 "$random_programs"
-  else
-    broken_suite "both platforms"
-  fi
-  end_wine
+  differential_suites "$first_seed" "$random_programs" 1
 }
 
 soak_fuzzing() {
@@ -60,7 +53,6 @@ soak_fuzzing() {
 }
 
 need windows-run valgrind
-source scripts/lib/fuzz.sh
 soak_native
 soak_both_platforms
 soak_fuzzing
