@@ -138,7 +138,7 @@ HRESULT OrmFile::AttachForWrite(LONG nHandle, VARIANT_BOOL* pbResult) {
 HRESULT OrmFile::WriteData(IValueBase* pData, VARIANT_BOOL* pbResult) {
   return Call("WriteData", [&]() -> HRESULT {
     Out(pbResult) = VARIANT_FALSE;
-    const Ptr<IUnit> unit = Require(unit_, "the file has no current unit");
+    const Ptr<IUnit> unit = UnitToWrite();
     if (own_unit_ == nullptr || !own_unit_->HoldsValue(pData)) Check(unit->put_Value(pData), unit);
     // A value of a client's may have come back here when it was put.
     Unit* const own = unit_ == unit ? own_unit_ : nullptr;
@@ -153,7 +153,7 @@ HRESULT OrmFile::WriteData(IValueBase* pData, VARIANT_BOOL* pbResult) {
 HRESULT OrmFile::WriteInfo(IValueDefBase* pData, VARIANT_BOOL* pbResult) {
   return Call("WriteInfo", [&]() -> HRESULT {
     Out(pbResult) = VARIANT_FALSE;
-    const Ptr<IUnit> unit = Require(unit_, "the file has no current unit");
+    const Ptr<IUnit> unit = UnitToWrite();
     Check(unit->put_Info(pData), unit);
     return WriteUnit(unit.get(), pbResult);
   });
@@ -224,6 +224,7 @@ void OrmFile::TakeHandle(FileHandle handle) {
   channel_.ForgetLoss();
   if (!whole) throw Error(E_FAIL, kLost);
   channel_.Take(handle);
+  is_astray_ = false;
 }
 
 void OrmFile::SetUnit(Ptr<IUnit> unit) {
@@ -231,6 +232,11 @@ void OrmFile::SetUnit(Ptr<IUnit> unit) {
   Unit* const own = Unit::Behind(unit.get());
   own_unit_ = own;
   std::swap(unit_, unit);
+}
+
+Ptr<IUnit> OrmFile::UnitToWrite() {
+  if (buffer_ == nullptr) SetUnit(ActivateAs<IUnit>(kUnitClass));
+  return Require(unit_, "the file has no current unit");
 }
 
 bool OrmFile::ReadHeader() {
@@ -263,8 +269,8 @@ bool OrmFile::ReadIntoNewUnit() {
 }
 
 bool OrmFile::ReadIntoLastValue() {
-  if (own_unit_ == nullptr || !own_unit_->HasSession(session_.get()) || !channel_.NothingWaits())
-    return false;
+  if (is_astray_ || !channel_.NothingWaits()) return false;
+  if (own_unit_ == nullptr || !own_unit_->HasSession(session_.get())) return false;
   const unsigned char* record = channel_.LookAhead(kLengthBytes);
   if (record == nullptr) return false;
   std::uint32_t length = 0;
@@ -283,10 +289,12 @@ bool OrmFile::ReadRecord() {
   if (own_unit_ == nullptr || !own_unit_->HasSession(session.get()))
     Check(unit->put_Session(session.get()), unit);
   std::uint32_t length = 0;
-  if (!ReadLength(length)) return false;
-  RecordBuffer record(buffer_.get());
+  const WorkBuffer work(buffer_);
+  RecordBuffer record(work);
+  if (is_astray_ || !ReadLength(length)) return false;
   unsigned char* body = record.ReadBody(channel_, length);
-  if (body == nullptr) return false;
+  is_astray_ = body == nullptr;
+  if (is_astray_) return false;
   // The record may be longer than what the unit uses: the next one follows its length.
   if (Unit* own = own_unit_) {
     ReadCursor cursor(body, length);
@@ -305,7 +313,9 @@ bool OrmFile::ReadLength(std::uint32_t& length) {
     return true;
   }
   std::uint32_t count = 0;
-  return channel_.Read(&length, kLengthBytes, &count) && count == kLengthBytes;
+  const bool done = channel_.Read(&length, kLengthBytes, &count) && count == kLengthBytes;
+  is_astray_ = !done && count != 0;
+  return done;
 }
 
 bool OrmFile::WriteReady(const ReadyBody& body) {
@@ -319,8 +329,9 @@ bool OrmFile::WriteReady(const ReadyBody& body) {
     channel_.AddToWaiting(total);
     return true;
   }
-  PutReady(buffer_.get(), body);
-  return channel_.Write(buffer_.get(), total);
+  const WorkBuffer work(buffer_);
+  PutReady(work.bytes(), body);
+  return channel_.Write(work.bytes(), total);
 }
 
 bool OrmFile::WriteCurrentUnit() {
@@ -333,12 +344,13 @@ bool OrmFile::WriteCurrentUnit() {
 
 bool OrmFile::WriteRecord() {
   const Ptr<IUnit> unit = Require(unit_, "the file has no current unit");
+  const WorkBuffer work(buffer_);
   ULONG length = 0;
   Check(unit->get_PacketSize(&length), unit);
   const std::uint64_t total = std::uint64_t{length} + kLengthBytes;
   if (total > std::numeric_limits<std::uint32_t>::max())
     throw Error(E_OUTOFMEMORY, "the unit is too large for a record");
-  RecordBuffer record(buffer_.get());
+  RecordBuffer record(work);
   // Values pass over bytes that they do not interpret, and a unit may use less than it
   // announced: nothing of earlier records goes out there.
   unsigned char* bytes = record.ReserveZeros(total);

@@ -78,11 +78,21 @@ class OrmFile : public Object<OrmFile, IOrmFile, IOrmFileBuffering> {
   // Makes this the current unit.
   void SetUnit(Ptr<IUnit> unit);
 
+  // The unit that is to take what a client writes: the current one, or where that is at
+  // work because the client's code came back, a new one that becomes the current one.
+  // Raises E_POINTER where there is none.
+  Ptr<IUnit> UnitToWrite();
+
   Ptr<IOrmSession> session_;
   Ptr<IUnit> unit_;
   Unit* own_unit_ = nullptr;                 // the current unit, if it is one of this library
-  std::unique_ptr<unsigned char[]> buffer_;  // kWorkBufferSize bytes, for all but large records
-  FileChannel channel_;                      // last, so that it ends before what clients may see end
+  std::unique_ptr<unsigned char[]> buffer_;  // the work buffer; none while it is in use
+
+  // Whether reading stopped inside a record. What follows there would be taken for something
+  // else, so nothing more is read from the handle.
+  bool is_astray_ = false;
+
+  FileChannel channel_;  // last, so that it ends before what clients may see end
 };
 
 }  // namespace halyard

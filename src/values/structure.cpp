@@ -3,6 +3,7 @@
 #include "halyard/classes.h"
 #include "object/nesting.h"
 #include "values/nested_value.h"
+#include "values/reading_allowance.h"
 
 namespace halyard {
 namespace {
@@ -223,6 +224,7 @@ bool Structure::EncodeMember(WriteCursor& cursor, const MemberLayout& member, Ob
 
 bool Structure::Decode(ReadCursor& cursor) {
   const StructureLayout& layout = type_.layout();
+  const ReadingAllowance allowance(cursor.room());
   ObjectLevel level;
   for (std::size_t i = 0; i < layout.members.size(); ++i) {
     if (!DecodeMember(cursor, layout.members[i], level)) return false;

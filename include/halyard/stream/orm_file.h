@@ -58,7 +58,9 @@ struct IOrmFile : IDispatch {
   virtual HRESULT STDMETHODCALLTYPE WriteUnit(IUnit* pData, VARIANT_BOOL* pbResult) = 0;
 
   // Reads one record as a unit (the caller owns it); null at the end of the file and
-  // for a record that is cut short.
+  // for a record that is cut short. After a record that is cut short, or that the system
+  // does not give as a whole, every read finds the end until the file is opened again:
+  // nothing is taken from inside a record. E_OUTOFMEMORY may have passed over its record.
   virtual HRESULT STDMETHODCALLTYPE ReadUnit(IUnit** ppData) = 0;
 
   // Reads from a handle of the caller, at its position, as OpenForRead does from a file.

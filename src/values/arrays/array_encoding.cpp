@@ -3,10 +3,12 @@
 //
 // A count may be far beyond what a buffer can hold; reading ends with the buffer. Where
 // elements take no bytes at all, a buffer never ends it: the first such element stands
-// for all that follow, which stay fresh.
+// for all that follow, which stay fresh. Where an element becomes many objects for few
+// bytes, reading ends when the allowance is used up.
 #include "object/nesting.h"
 #include "values/arrays/array.h"
 #include "values/nested_value.h"
+#include "values/reading_allowance.h"
 
 namespace halyard {
 namespace {
@@ -68,11 +70,15 @@ bool Array::Decode(ReadCursor& cursor) {
   ULONG count = type_.layout().element_count;
   if (count == 0 && !cursor.Take(count)) return false;
   elements_.Resize(count);
+  const ReadingAllowance allowance(cursor.room());
+  std::uint64_t objects = 0;  // of an element, known when one is read by itself
   for (ULONG i = 0; i < count && i < ElementCount();) {
     if (const ULONG decoded = DecodeRows(cursor, i)) {
       i += decoded;
       continue;
     }
+    if (objects == 0) objects = ObjectsOf(type_.layout().value_type.Known());
+    if (!ReadingAllowance::Take(objects)) return false;
     const bool untouched = !elements_.ObjectAt(i);
     const std::uint32_t start = cursor.position();
     if (!DecodeElement(cursor, i)) return false;

@@ -45,17 +45,20 @@ void ElementStore::Put(std::uint32_t position, Ptr<IValueBase> object) {
 void ElementStore::Append(Ptr<IValueBase> object) { slots_.Append(std::move(object)); }
 
 void ElementStore::Erase(std::uint32_t position) {
-  const Ptr<IValueBase>* slot = slots_.Find(position);
-  const Ptr<IValueBase> removed = slot != nullptr ? *slot : Ptr<IValueBase>();
+  Ptr<IValueBase> removed;
+  if (slots_.Find(position) != nullptr) std::swap(slots_.Make(position), removed);
   slots_.Erase(position);
   const RowSlab removed_rows = rows_.Erase(position);
   if (position < fresh_end_) --fresh_end_;
 }
 
 void ElementStore::Resize(std::uint32_t size) {
+  std::size_t leaving = 0;
+  for (std::uint32_t i = slots_.NextMade(size); i < slots_.size(); i = slots_.NextMade(i + 1)) ++leaving;
   std::vector<Ptr<IValueBase>> removed;
+  removed.reserve(leaving);
   for (std::uint32_t i = slots_.NextMade(size); i < slots_.size(); i = slots_.NextMade(i + 1))
-    removed.push_back(*slots_.Find(i));
+    std::swap(slots_.Make(i), removed.emplace_back());
   slots_.Resize(size);
   const RowSlab removed_rows = rows_.CutFrom(size);
   fresh_end_ = std::min(fresh_end_, size);

@@ -30,12 +30,12 @@ class NumericArray : public ArrayObject<T, Interfaces...> {
       Out(result) = VARIANT_FALSE;
       const Ptr<IArrayDef> definition = this->type_.Definition();
       const Ptr<IValueDefBase> element = this->type_.layout().value_type.object;
-      const NumberColumns selected = SelectNumbers(call, *definition, element, this->Self().ElementCount());
+      // The client's buffer has room for the elements that there were when he called,
+      // whatever his own code does while it is asked and visited.
+      const ULONG elements = this->Self().ElementCount();
+      const NumberColumns selected = SelectNumbers(call, *definition, element, elements);
       if (!selected.understood) return;
       *result = VARIANT_TRUE;
-      // The client's buffer has room for the elements that there are now, whatever their
-      // own code does while they are visited.
-      const ULONG elements = this->Self().ElementCount();
       for (const NumberColumn& column : selected.columns) this->Self().MoveColumn(column, elements);
     });
   }

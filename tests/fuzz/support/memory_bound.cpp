@@ -14,10 +14,11 @@ std::size_t __sanitizer_get_allocated_size(const volatile void* block);
 namespace halyard::fuzz {
 namespace {
 
-// Objects are small, but every few bytes of a definition may become one, and arrays grow
-// in steps. A target that looks at values makes some hundred elements, of 64 KB at most.
-constexpr std::ptrdiff_t kBase = 12 << 20;
-constexpr std::ptrdiff_t kPerInputByte = 2048;
+// Objects are small, but every few bytes of a definition may become one, elements of arrays
+// become objects as far as their allowance goes, and arrays grow in steps. A target that
+// looks at values makes some hundred elements, of 64 KB at most.
+constexpr std::ptrdiff_t kBase = 18 << 20;
+constexpr std::ptrdiff_t kPerInputByte = 5 << 10;
 
 bool g_counts = false;
 std::ptrdiff_t g_held = 0;
