@@ -47,7 +47,7 @@ def main():
     facts = {
         "Processor": f"{processor()}, {os.cpu_count()} cores",
         "Memory": f"{gigabytes()} GB",
-        "System": f"{system()}, Linux {platform.release()}",
+        "System": f"{system()}, Linux {platform.release().split("-")[0]}",
         "Compiler": first_line("g++", "--version"),
     }
     for name, package in RIVALS.items():

@@ -15,14 +15,14 @@ declare -A kit_packages=(
   [valgrind]="valgrind libc6-dbg"
 )
 declare -A kit_programs=(
-  [native]="g++ cmake ninja pkg-config"
+  [native]="g++ cmake ninja pkg-config python3"
   [bench]="g++ cmake ninja pkg-config python3"
   [document]="python3"
   [windows-build]="cmake ninja x86_64-w64-mingw32-g++-posix i686-w64-mingw32-g++-posix x86_64-w64-mingw32-widl"
   [windows-run]="wine wineserver xvfb-run"
   [package]="zip"
   [clang]="clang++"
-  [coverage]="llvm-cov llvm-profdata"
+  [coverage]="llvm-cov llvm-profdata python3"
   [format]="clang-format git"
   [valgrind]="valgrind"
 )
