@@ -22,9 +22,6 @@ class SparseList {
   // Elements, made or not.
   [[nodiscard]] std::uint32_t size() const noexcept { return size_; }
 
-  // Elements that take memory.
-  [[nodiscard]] std::size_t made() const noexcept { return near_.size() + far_.size(); }
-
   // The element at a position below size(), null where it was never made. It stays in
   // its place until the list changes.
   [[nodiscard]] const T* Find(std::uint32_t position) const noexcept {

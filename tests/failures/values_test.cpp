@@ -1,6 +1,7 @@
 // Values when memory runs out.
 #include "tests/failures/each_allocation.h"
 #include "tests/failures/samples.h"
+#include "tests/support/streams.h"
 
 namespace halyard::test {
 namespace {
@@ -51,6 +52,38 @@ State Numbers() {
   const auto numbers = NewArray(SimpleArrayDefinition(kReal));
   AddAll(numbers, {1, 2, 3});
   state.value = numbers;
+  return state;
+}
+
+// Numbers of which so many have been removed that the next one gives memory back.
+State NumbersBeforeTheyShrink() {
+  State state;
+  state.value = NewArray(SimpleArrayDefinition(kReal));
+  for (LONG i = 0; i < 20; ++i) EXPECT_EQ(state.value->Add(I4(i).get()), S_OK);
+  for (int i = 0; i < 8; ++i) EXPECT_EQ(state.value->Remove(I4(0).get()), S_OK);
+  return state;
+}
+
+// The same as the value of a large record, in whose memory it lies.
+State NumbersOfARecordBeforeTheyShrink() {
+  constexpr ULONG kCount = 40000;
+  Bytes encoding = LittleEndian(kCount, 4);
+  for (ULONG i = 0; i < 2 * kCount; ++i) encoding.push_back(static_cast<unsigned char>(i * 7 + i / 251));
+  const TempFile disk;
+  const auto definition = SimpleArrayDefinition(kShort, 0, 5);
+  const auto writer = NewFile();
+  EXPECT_TRUE(OpenForWrite(writer, disk.name()));
+  EXPECT_TRUE(WriteInfo(writer, definition.get()));
+  const auto numbers = NewArray(definition);
+  EXPECT_EQ(ReadFrom(numbers, encoding), Moved(2 * kCount + 4));
+  EXPECT_TRUE(WriteData(writer, numbers.get()));
+  EXPECT_EQ(writer->Close(), S_OK);
+  const auto reader = NewFile();
+  EXPECT_TRUE(OpenForRead(reader, disk.name()));
+  EXPECT_TRUE(ReadInfo(reader));
+  State state;
+  state.value = ReadData(reader);
+  for (int i = 0; i < 8; ++i) EXPECT_EQ(state.value->Remove(I4(0).get()), S_OK);
   return state;
 }
 
@@ -133,6 +166,46 @@ TEST(ValueMemory, AddingANumber) {
   Each{[] { return WithItem(Numbers(), Variant(), Text(OLESTR("4.5"))); },
        [](State& state) { return state.value->Add(state.content.get()); }, Value, false}
       .Run();
+}
+
+// How many allocations a call makes, which must succeed.
+std::size_t AllocationsOf(const std::function<HRESULT()>& call) {
+  const FailingAllocation counting(kNoAllocation);
+  const HRESULT status = call();
+  const std::size_t count = counting.Count();
+  EXPECT_EQ(status, S_OK);
+  return count;
+}
+
+TEST(ValueMemory, NumbersGrowByTenSlotsAndGiveBackNine) {
+  const auto array = NewArray(SimpleArrayDefinition(kLong));
+  const auto add = [&] { return array->Add(I4(1).get()); };
+  const auto remove = [&] { return array->Remove(I4(0).get()); };
+  for (int i = 1; i <= 30; ++i) EXPECT_EQ(AllocationsOf(add), i % 10 == 1 ? 1u : 0u) << "Add number " << i;
+  for (int i = 1; i <= 8; ++i) EXPECT_EQ(AllocationsOf(remove), 0u) << "Remove number " << i;
+  EXPECT_EQ(AllocationsOf(remove), 1u);
+  EXPECT_EQ(Count(array), 21);
+  EXPECT_EQ(AllocationsOf(add), 1u);
+  EXPECT_EQ(AllocationsOf(add), 0u);
+}
+
+// Removing never needs memory, although the array asks for a smaller block.
+TEST(ValueMemory, RemovingANumber) {
+  for (State (*make)() : {NumbersBeforeTheyShrink, NumbersOfARecordBeforeTheyShrink}) {
+    State state = make();
+    const LONG count = Get(state.value, &IValueBase::get_Count);
+    {
+      const FailingAllocation failing(1);
+      EXPECT_EQ(state.value->Remove(I4(0).get()), S_OK);
+      EXPECT_TRUE(failing.Happened());
+    }
+    EXPECT_EQ(Get(state.value, &IValueBase::get_Count), count - 1);
+    EXPECT_EQ(state.value->Add(I4(99).get()), S_OK);
+    EXPECT_EQ(state.value->Remove(I4(0).get()), S_OK);
+    const auto numbers = state.value.As<IArray>();
+    EXPECT_EQ(Item(numbers, 0), Item(make().value.As<IArray>(), 2));
+    EXPECT_EQ(Item(numbers, count - 2).substr(2), " 99");
+  }
 }
 
 TEST(ValueMemory, AddingAnObject) {

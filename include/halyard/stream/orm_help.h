@@ -20,7 +20,8 @@ struct IOrmHelp : IDispatch {
 
   // An array of nElemCount elements over the caller's block, which it neither allocates
   // nor frees and which must outlive it. Null when wElementSize (bytes) times count is
-  // not what the element type needs. The caller owns the array.
+  // not what the element type needs. The array has no definition, and so no numeric
+  // transfer; over a null block its elements are E_POINTER. The caller owns the array.
   virtual HRESULT STDMETHODCALLTYPE CreateShellArray(VARIANT vElementType, USHORT wElementSize,
                                                      LONG nElemCount, unsigned char* pDataPointer,
                                                      ISimpleFixedArray** pResult) = 0;

@@ -57,16 +57,17 @@ struct IValueBase : IDispatch {
   virtual HRESULT STDMETHODCALLTYPE get_Info(IValueDefBase** ppInfo) = 0;
   virtual HRESULT STDMETHODCALLTYPE put_Info(IValueDefBase* pInfo) = 0;
 
-  // The definition's id; 0 where the value keeps no definition.
+  // The definition's id; 0 for a simple value, which keeps none. E_POINTER where another
+  // value has no definition.
   virtual HRESULT STDMETHODCALLTYPE get_Id(SHORT* pnId) = 0;
 
   // The number of bytes that the value's encoding takes.
   virtual HRESULT STDMETHODCALLTYPE get_PacketSize(ULONG* pdwSize) = 0;
 
-  // Takes the value from the first bytes of a buffer of dwBufferSize bytes. True (-1)
-  // with the number of bytes taken, or, when the buffer is too short, false (0) with
-  // the count untouched. S_OK in both cases. Without a definition a structure takes nothing and
-  // answers true; other kinds that need one answer E_POINTER.
+  // Takes the value from the first bytes of a buffer of dwBufferSize bytes; a null buffer
+  // has none. True (-1) with the number of bytes taken, or, when the buffer is too short,
+  // false (0) with the count untouched. S_OK in both cases. Without a definition a
+  // structure takes nothing and answers true; other kinds that need one answer E_POINTER.
   virtual HRESULT STDMETHODCALLTYPE ReadFromBuffer(unsigned char* pBuffer, ULONG dwBufferSize,
                                                    ULONG* pdwBytesRead, VARIANT_BOOL* pbResult) = 0;
 

@@ -37,20 +37,17 @@ constexpr std::size_t kMostMembers = 512;
 
 constexpr LONG kNoMember = -1;
 
-// Names without a sign that means something in a path, or that has another narrow form.
+// The longest path that may take the short way. Hardly a name is longer, and the long way
+// answers the same.
 constexpr std::size_t kLongestPlainName = 64;
 
+// Whether names may have the character without a second thought: it is no sign of a path
+// and has no other narrow form.
 bool IsPlain(OLECHAR c) noexcept {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
 }
 
 using Definition = Ptr<IValueDefBase>;
-
-// A member that the path names, kNoMember where the structure lacks it.
-struct NamedMember {
-  std::string name;
-  LONG position;
-};
 
 SHORT TypeOf(const Definition& definition) {
   SHORT type = kInvalid;
@@ -90,6 +87,20 @@ Definition MemberOf(const Ptr<IStructureDef>& structure, LONG position) {
   Check(structure->get_Members(Variant(position).get(), member.Out()), structure);
   return Require(member, "a member on the way has no definition");
 }
+
+// The member that a path has led through last, if it has led through any.
+struct LastMember {
+  Ptr<IStructureDef> structure;
+  LONG position = kNoMember;
+
+  // As the structure spells it.
+  [[nodiscard]] std::string Name() const {
+    if (!structure) return {};
+    Bstr name;
+    Check(structure->get_MemberName(position, name.Out()), structure);
+    return NarrowToZero(name.View());
+  }
+};
 
 class PathParser {
  public:
@@ -138,35 +149,33 @@ class PathParser {
     const Ptr<IStructureDef> structure = AsStructure(definition);
     if (!structure) return Fail(PathFault::kNoStructure);
     const std::string& name = parts_[next].names.front();
-    std::vector<NamedMember> members{{name, FindMember(structure, name)}};
+    std::vector<LONG> members{FindMember(structure, name)};
     const bool has_list = next + 1 < parts_.size() && parts_[next + 1].kind == PathPart::Kind::kNames;
     if (has_list && !FindListed(parts_[next + 1], structure, members)) return false;
-    if (members.front().position == kNoMember) return Fail(PathFault::kMemberName);
+    if (members.front() == kNoMember) return Fail(PathFault::kMemberName);
     return WalkMembers(next + (has_list ? 2 : 1), structure, members);
   }
 
   bool WalkNames(std::size_t next, const Definition& definition) {
     const Ptr<IStructureDef> structure = AsStructure(definition);
     if (!structure) return Fail(PathFault::kNoStructure);
-    std::vector<NamedMember> members;
+    std::vector<LONG> members;
     return FindListed(parts_[next], structure, members) && WalkMembers(next + 1, structure, members);
   }
 
-  bool FindListed(const PathPart& list, const Ptr<IStructureDef>& structure,
-                  std::vector<NamedMember>& members) {
+  bool FindListed(const PathPart& list, const Ptr<IStructureDef>& structure, std::vector<LONG>& members) {
     for (const std::string& name : list.names) {
-      members.push_back({name, FindMember(structure, name)});
-      if (members.back().position == kNoMember) return Fail(PathFault::kListedName, name);
+      members.push_back(FindMember(structure, name));
+      if (members.back() == kNoMember) return Fail(PathFault::kListedName, name);
     }
     return true;
   }
 
-  bool WalkMembers(std::size_t next, const Ptr<IStructureDef>& structure,
-                   const std::vector<NamedMember>& members) {
-    for (const NamedMember& member : members) {
-      last_name_ = member.name;
-      way_.push_back({PathStep::Kind::kMember, member.position});
-      if (!Walk(next, MemberOf(structure, member.position))) return false;
+  bool WalkMembers(std::size_t next, const Ptr<IStructureDef>& structure, const std::vector<LONG>& members) {
+    for (const LONG position : members) {
+      last_member_ = {structure, position};
+      way_.push_back({PathStep::Kind::kMember, position});
+      if (!Walk(next, MemberOf(structure, position))) return false;
       way_.pop_back();
     }
     return true;
@@ -175,7 +184,7 @@ class PathParser {
   bool WalkIndices(std::size_t next, const Definition& definition) {
     const PathPart& part = parts_[next];
     const Ptr<IArrayDef> array = AsArray(definition);
-    if (!array) return Fail(PathFault::kNoArray, last_name_, TypeCodeName(TypeOf(definition)));
+    if (!array) return Fail(PathFault::kNoArray, last_member_.Name(), TypeCodeName(TypeOf(definition)));
     if (ElementTypeOf(array) == kString) return Fail(PathFault::kNestedStringArray);
     if (!CheckIndices(part, array)) return false;
     way_.push_back({PathStep::Kind::kElement, part.indices.front()});
@@ -210,7 +219,7 @@ class PathParser {
 
   const std::vector<PathPart> parts_;
   std::vector<PathStep> way_;
-  std::string last_name_;
+  LastMember last_member_;
   MemberPath path_;
 };
 

@@ -34,7 +34,8 @@ enum class PathFault {
   kStringArray,        // the array itself holds texts
   kArrayIndex,         // a negative index, or one beyond a fixed element count
   kNoStructure,        // a name where there is no structure
-  kMemberName,         // a name that the structure lacks; also a path that is too long
+  kMemberName,         // a name that the structure lacks; also a path that is too long,
+                       // or selects too many members
   kListedName,         // the same, for a name in a list
   kNoArray,            // an index where there is no array
   kIndexOutOfRange,    // reserved

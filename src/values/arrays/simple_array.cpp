@@ -40,14 +40,16 @@ HRESULT SimpleArray::Add(VARIANT vValue) {
 HRESULT SimpleArray::Remove(VARIANT vIndex) {
   return Call("Remove", [&] {
     const ULONG position = ElementPosition(vIndex, [&] { return count_; });
-    const std::uint64_t behind = Offset(count_) - Offset(position + 1);
-    if (block_.Stored() != nullptr && behind != 0) {
-      unsigned char* slot = block_.Writable() + Offset(position);
-      std::memmove(slot, slot + width(), static_cast<std::size_t>(behind));
-    }
     --count_;
+    if (block_.Stored() != nullptr) {
+      unsigned char* slots = block_.Writable();
+      unsigned char* slot = slots + Offset(position);
+      std::memmove(slot, slot + width(), static_cast<std::size_t>(Offset(count_) - Offset(position)));
+      // A spare slot is all zeros, as the next element is before its value.
+      std::memset(slots + Offset(count_), 0, width());
+    }
     if (capacity_ - count_ >= kSpareToGiveBack) {
-      block_.Resize(Offset(count_));
+      block_.Shrink(Offset(count_));
       capacity_ = count_;
     }
   });

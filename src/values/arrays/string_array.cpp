@@ -112,6 +112,7 @@ HRESULT StringArray::ReadNumericArray(BSTR, VARIANT, unsigned char*, VARIANT_BOO
 }
 
 bool StringArray::Decode(ReadCursor& cursor) {
+  // The bytes do not depend on the definition, but it must be there and answer.
   const Ptr<IArrayDef> definition = type_.Definition();
   LONG fixed = 0;
   Check(definition->get_Count(&fixed), definition);
@@ -128,6 +129,7 @@ bool StringArray::Decode(ReadCursor& cursor) {
 }
 
 bool StringArray::Encode(WriteCursor& cursor) const {
+  // The bytes do not depend on the definition, but it must be there and answer.
   static_cast<void>(FixedCount());
   if (!cursor.Put(texts_.size())) return false;
   for (std::uint32_t i = 0; i < texts_.size(); ++i) {

@@ -54,6 +54,15 @@ void ZeroBlock::Resize(std::uint64_t size) {
   size_ = size;
 }
 
+void ZeroBlock::Shrink(std::uint64_t size) noexcept {
+  try {
+    Resize(size);
+  } catch (const std::bad_alloc&) {
+    // A smaller block may take new memory; without any, the larger one does as well.
+    size_ = size;
+  }
+}
+
 void ZeroBlock::Resettle(std::size_t size) {
   if (bytes_ == memory_.get()) {
     ResizeRawMemory(memory_, size);

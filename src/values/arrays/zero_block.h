@@ -3,8 +3,8 @@
 // A block that was announced but never written reads as zeros, whatever its size: a
 // count in a broken encoding, or a definition of many large arrays, costs nothing until
 // bytes arrive. A few of them do not bring memory for thousands of millions: to store
-// single bytes in a large block that was only announced fails. Behind the bytes lie
-// spare ones, because an Int64 is stored in 8 bytes although it counts 4.
+// single bytes in a large block that was only announced fails. Behind the bytes lie a few
+// spare ones, a margin for clients that store through the address of the block.
 #pragma once
 
 #include <cstdint>
@@ -38,6 +38,10 @@ class ZeroBlock {
 
   // Keeps the first bytes; further ones are zeros. Throws std::bad_alloc.
   void Resize(std::uint64_t size);
+
+  // Keeps the first bytes, at most size() of them. Memory goes back to the system as far
+  // as the system takes it.
+  void Shrink(std::uint64_t size) noexcept;
 
   [[nodiscard]] std::uint64_t size() const noexcept { return size_; }
 

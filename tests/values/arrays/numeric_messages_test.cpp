@@ -58,6 +58,9 @@ TEST(NumericMessage, IndexOfAMemberThatIsNoArray) {
   ExpectRefused(Stations(), OLESTR("Depth[0]"), "Invalild array Depth(type ShortReal)");
   ExpectRefused(Stations(), OLESTR("Position[0]"), "Invalild array Position(type Structure)");
   ExpectRefused(Stations(), OLESTR("Colour[1]"), "Invalild array Colour(type Enumeration)");
+  ExpectRefused(Stations(), OLESTR("dEPTH[0]"), "Invalild array Depth(type ShortReal)");
+  ExpectRefused(Stations(), OLESTR("SAMPLES[dEPTH][0]"), "Invalild array Depth(type ShortReal)");
+  ExpectRefused(Stations(), OLESTR("SAMPLES[1][0]"), "Invalild array Samples(type Short)");
 }
 
 TEST(NumericMessage, MemberOfABracketList) {

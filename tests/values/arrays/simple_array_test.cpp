@@ -73,7 +73,9 @@ TEST(SimpleArray, ElementsOfEveryType) {
     EXPECT_EQ(Encoded(array), std::string("01 00 00 00 ") + row.bytes) << row.type;
     PutItem(array, 0, row.content);
     EXPECT_EQ(Item(array, 0), row.item) << row.type;
-    EXPECT_EQ(Get(array, &IValueBase::get_Name, I4(0)), "");
+    EXPECT_EQ(Get(array, &IValueBase::get_Name, I4(0)), "") << row.type;
+    EXPECT_EQ(Get(array, &IValueBase::get_Type), kArray) << row.type;
+    EXPECT_EQ(Get(array, &IValueBase::get_TypeString), "Array") << row.type;
   }
 }
 
@@ -88,9 +90,18 @@ TEST(SimpleArray, ValuesThatDoNotConvertAreRaised) {
 TEST(SimpleArray, AddThatDoesNotConvertLeavesAnElementBehind) {
   const auto array = Shorts({1});
   EXPECT_TRUE(Raises(DISP_E_OVERFLOW, [&] { return array->Add(I4(70000).get()); }));
-  EXPECT_EQ(Count(array), 2);
+  EXPECT_EQ(Items(array), "I2 1, I2 0");
   PutItem(array, 1, I4(5));
   EXPECT_EQ(Items(array), "I2 1, I2 5");
+}
+
+TEST(SimpleArray, AddThatDoesNotConvertShowsNothingOfARemovedElement) {
+  for (const LONG removed : {0, 1, 2}) {
+    const auto array = Shorts({3, 3, 3});
+    EXPECT_EQ(array->Remove(I4(removed).get()), S_OK);
+    EXPECT_TRUE(Raises(DISP_E_OVERFLOW, [&] { return array->Add(I4(70000).get()); }));
+    EXPECT_EQ(Items(array), "I2 3, I2 3, I2 0") << removed;
+  }
 }
 
 TEST(SimpleArray, GrowsByTenSlots) {
@@ -226,7 +237,7 @@ TEST(SimpleArray, UntypedArrayHasNoDefinition) {
   EXPECT_EQ(Count(array), 0);
   EXPECT_EQ(Get(array, &IValueBase::get_Type), kArray);
   EXPECT_TRUE(Raises(E_POINTER, [&] { return array->get_Info(info.Out()); }));
-  EXPECT_TRUE(FAILED(array->get_Id(&id)));
+  EXPECT_TRUE(Raises(E_POINTER, [&] { return array->get_Id(&id); }));
   EXPECT_EQ(Encoded(array), "00 00 00 00");
 }
 
@@ -239,6 +250,18 @@ TEST(SimpleArray, UnsupportedElementTypeLeavesNoDefinition) {
   }
 }
 
+TEST(SimpleArray, ElementTypeIsTheLowByteOfItsCode) {
+  constexpr SHORT kLongAndMore = 0x100 + kLong;
+  const auto element = NewForeign<ForeignDefinition>();
+  element->type.value = kLongAndMore;
+  const auto array = Untyped();
+  EXPECT_EQ(array->put_Info(ArrayDefinition(element).get()), S_OK);
+  EXPECT_TRUE(HasInfo(array));
+  Add(array, I4(-2));
+  EXPECT_EQ(Items(array), "I4 -2");
+  EXPECT_EQ(Encoded(array), "01 00 00 00 FE FF FF FF");
+}
+
 TEST(SimpleArray, FixedCountLeavesNoDefinitionButItsCount) {
   const auto array = Untyped();
   EXPECT_EQ(array->put_Info(SimpleArrayDefinition(kLong, 5).get()), S_OK);
@@ -249,14 +272,15 @@ TEST(SimpleArray, FixedCountLeavesNoDefinitionButItsCount) {
   EXPECT_EQ(Encoded(array), "05 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 01 00 00 00");
 }
 
-TEST(SimpleArray, DefinitionOfSomebodyElseIsHarmless) {
+TEST(SimpleArray, DefinitionOfSomebodyElseIsInvalid) {
   const auto definition = NewForeign<ForeignArrayDefinition>();
   definition->data_type.value = kLong;
   const auto array = Untyped();
-  static_cast<void>(array->put_Info(definition.get()));
-  static_cast<void>(array->put_Info(SimpleDefinition(kLong).get()));
-  static_cast<void>(array->Add(I4(5).get()));
-  static_cast<void>(WriteTo(array, 64));
+  EXPECT_TRUE(Raises(E_INVALIDARG, [&] { return array->put_Info(definition.get()); }));
+  EXPECT_TRUE(Raises(E_INVALIDARG, [&] { return array->put_Info(SimpleDefinition(kLong).get()); }));
+  EXPECT_FALSE(HasInfo(array));
+  EXPECT_EQ(array->Add(I4(5).get()), S_OK);
+  EXPECT_EQ(WriteTo(array, 64).outcome, Moved(4));
   const auto stranger = NewForeign<ForeignArrayDefinition>();
   stranger->query_status = E_ABORT;
   EXPECT_TRUE(Raises(E_ABORT, [&] { return Untyped()->put_Info(stranger.get()); }));

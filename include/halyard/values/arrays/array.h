@@ -6,11 +6,15 @@
 // element itself. "X[Y,Z]" and, where X is not wanted, "[Y,Z]" select several members of
 // one structure, whose numbers follow one another for each element. An index of the
 // array itself in front ("[3].Depth") is checked, but every element is visited all the
-// same. A path has at most 510 characters.
+// same. A path has at most 510 characters, a "." or "[" at its start not counted, and
+// selects at most 512 members.
 //
 // Number types are Char, Byte, Short, Word, Long, DWord, ShortReal and Real, given by
 // name (letter case ignored) or code; Char members are signed here. With other number
 // types, and for members of other types, nothing is moved and the result is true.
+//
+// What all arrays share: a position outside the array is E_INVALIDARG. Reading keeps the
+// count that the buffer announces, also where the buffer then ends before the elements do.
 #pragma once
 
 #include "halyard/values/value_base.h"
@@ -25,14 +29,19 @@ struct IArray : IValueBase {
   // order, little-endian and without gaps, converted as C++ converts numbers (reals are
   // cut toward zero). False when the path is not understood; its fault is shown as a
   // message. The caller's buffer must hold elements x selected members x number width
-  // bytes: its size is not known here and not checked. E_POINTER for an empty slot or a
-  // null member on the way, E_INVALIDARG for an element that a nested array lacks or
-  // that is of another type than the definition says.
+  // bytes: its size is not known here and not checked.
+  //
+  // With the result false: E_POINTER for an array without a definition, as shells and their
+  // copies are, and for a null buffer that numbers would go to; what definitions and the
+  // conversion of the number type fail with. With the result true, when the elements in
+  // front have moved already: E_POINTER for an empty slot or a null member on the way,
+  // E_INVALIDARG for an element that a nested array lacks or that is of another type than
+  // the definition says; what values fail with.
   virtual HRESULT STDMETHODCALLTYPE BuildNumericArray(BSTR szMemberString, VARIANT vtNumberType,
                                                       unsigned char* pBuffer, VARIANT_BOOL* pbResult) = 0;
 
   // The reverse: takes numbers from pBuffer, one an element, and stores them. False,
-  // without a message, when the path is not understood.
+  // without a message, when the path is not understood. Fails as BuildNumericArray does.
   virtual HRESULT STDMETHODCALLTYPE ReadNumericArray(BSTR szMemberString, VARIANT vtNumberType,
                                                      unsigned char* pBuffer, VARIANT_BOOL* pbResult) = 0;
 };
@@ -40,6 +49,9 @@ struct IArray : IValueBase {
 // What the class Array answers: an array of value objects (structures, enumerations,
 // arrays, simple values). Encoding: the count (4 bytes, only where the definition fixes
 // none) and the elements' own encodings one after another.
+//
+// Info: a null definition and an object that is no array definition of this library are
+// E_INVALIDARG.
 struct IArrayImpl : IArray {
   using Base = IArray;
   static constexpr IID kIid = {0xF8C4CE65, 0xDC32, 0x4B21, {0xBF, 0xB1, 0x4A, 0xB6, 0x04, 0xE0, 0x01, 0x9C}};

@@ -1,5 +1,12 @@
 // IStringArray: an array of texts, kept narrow. Encoding: the count (4 bytes), then for
-// each text its length plus 1 (2 bytes), its characters and a zero byte.
+// each text its length plus 1 (2 bytes), its characters and a zero byte. A text that is
+// longer than the rest of the buffer ends the reading with false; what it held stays.
+//
+// Add makes an empty text first, which stays where the value does not convert.
+//
+// Info takes array definitions of anybody. A null definition and an object that is no
+// array definition are E_POINTER; for elements of another type than String, Info is S_OK
+// and the array stays without a definition.
 #pragma once
 
 #include "halyard/values/arrays/array.h"
