@@ -1,5 +1,5 @@
-// An index that is an object: its value is asked for while the array is at work, and its
-// code may change the array.
+// An index or a value that is an object: its value is asked for while the array is at work,
+// and its code may change the array.
 #include <functional>
 
 #include "tests/support/get.h"
@@ -74,6 +74,39 @@ TEST_P(IndexObjectTest, ThatShortensTheArrayLeavesNothingToRead) {
   Variant content;
   EXPECT_EQ(array->get_Item(Variant(static_cast<IDispatch*>(&index)).get(), content.Out()), E_INVALIDARG);
   EXPECT_EQ(CountAfter(array), 2);
+}
+
+TEST_P(IndexObjectTest, IsStoredAsItsPosition) {
+  const auto array = NewArray(GetParam());
+  IndexObject value(7, [] {});
+  EXPECT_EQ(array->put_Item(Variant(LONG{2}).get(), Variant(static_cast<IDispatch*>(&value)).get()), S_OK);
+  EXPECT_EQ(array->Add(Variant(static_cast<IDispatch*>(&value)).get()), S_OK);
+  for (const LONG position : {2, 3}) {
+    Variant content = Get(array, &IValueBase::get_Item, Variant(position));
+    EXPECT_EQ(Variant::Converted(content.get(), VT_I4)->lVal, 7) << position;
+  }
+}
+
+TEST_P(IndexObjectTest, ValueThatEmptiesTheArrayLeavesNothingToPut) {
+  const auto array = NewArray(GetParam());
+  IndexObject value(7, [&] { Check(array->RemoveAll()); });
+  EXPECT_EQ(array->put_Item(Variant(LONG{2}).get(), Variant(static_cast<IDispatch*>(&value)).get()),
+            E_INVALIDARG);
+  EXPECT_EQ(CountAfter(array), 0);
+}
+
+TEST_P(IndexObjectTest, ValueThatEmptiesTheArrayIsNotAdded) {
+  const auto array = NewArray(GetParam());
+  IndexObject value(7, [&] { Check(array->RemoveAll()); });
+  EXPECT_EQ(array->Add(Variant(static_cast<IDispatch*>(&value)).get()), E_INVALIDARG);
+  EXPECT_EQ(CountAfter(array), 0);
+}
+
+TEST_P(IndexObjectTest, ValueThatShortensTheArrayLeavesNoElementToAdd) {
+  const auto array = NewArray(GetParam());
+  IndexObject value(7, [&] { Check(array->Remove(Variant(LONG{0}).get())); });
+  EXPECT_EQ(array->Add(Variant(static_cast<IDispatch*>(&value)).get()), E_INVALIDARG);
+  EXPECT_EQ(CountAfter(array), 3);
 }
 
 INSTANTIATE_TEST_SUITE_P(Arrays, IndexObjectTest, ::testing::Values(SHORT{kLong}, SHORT{kString}));

@@ -131,6 +131,42 @@ TEST_P(NumericPairInStructures, BuildFromMembersThatAreObjects) {
   ExpectBuilt(array, OLESTR("m"));
 }
 
+TEST_P(NumericPairInStructures, ReadIntoMembersThatAreObjects) {
+  const auto definition = StructureDefinition({{OLESTR("m"), GetParam().to, 0, true}});
+  const auto array = NewArray(ArrayDefinition(definition, kNumbers));
+  ReadInto(array, OLESTR("m"));
+  Bytes encoding;
+  for (std::size_t i = 0; i < kNumbers; ++i)
+    encoding = Join({encoding, Hex("00"), Number(GetParam().to_bytes, i)});
+  EXPECT_EQ(Encoding(array), ToHex(encoding));
+}
+
+// What members that are objects are given, and what they then show.
+TEST(NumericPair, MembersThatAreObjectsTakeTheVariantOfTheirType) {
+  constexpr struct {
+    SHORT type;
+    const char* number;
+    const char* item;
+    const char* built;
+  } kRows[] = {
+      {kChar, "C8 00 00 00", "UI1 200", "C8 FF FF FF"},
+      {kByte, "C8 00 00 00", "UI1 200", "C8 00 00 00"},
+      {kShort, "FF FF 00 00", "I2 -1", "FF FF FF FF"},
+      {kWord, "FF FF 00 00", "I2 -1", "FF FF 00 00"},
+      {kLong, "FE FF FF FF", "I4 -2", "FE FF FF FF"},
+      {kDWord, "FE FF FF FF", "I4 -2", "FE FF FF FF"},
+      {kShortReal, "FF FF 00 00", "R4 65535", "FF FF 00 00"},
+      {kReal, "FF FF 00 00", "R8 65535", "FF FF 00 00"},
+  };
+  for (const auto& row : kRows) {
+    const auto definition = StructureDefinition({{OLESTR("m"), row.type, 0, true}});
+    const auto array = NewArray(ArrayDefinition(definition, 1));
+    ReadNumbers(array, OLESTR("m"), kLong, row.number);
+    EXPECT_EQ(Item(At(array, 0), OLESTR("m")), row.item) << row.type;
+    EXPECT_EQ(Built(array, OLESTR("m"), kLong, 4), row.built) << row.type;
+  }
+}
+
 std::string RowName(const testing::TestParamInfo<ConversionRow>& row) { return row.param.name; }
 
 INSTANTIATE_TEST_SUITE_P(EveryPair, NumericPair, testing::ValuesIn(kConversions), RowName);

@@ -9,6 +9,7 @@
 #include "halyard/object/live_objects.h"
 #include "tests/support/composites.h"
 #include "tests/support/encoding.h"
+#include "tests/support/message_recorder.h"
 
 namespace halyard::test {
 namespace {
@@ -91,6 +92,7 @@ using Step = std::function<void(Twin&)>;
 
 // Makes the steps on both twins and compares what they tell, also after every single one.
 void ExpectAlike(LONG fixed_count, std::string_view first, std::initializer_list<Step> steps) {
+  const MessageRecorder messages;
   for (std::size_t asked = 0; asked <= steps.size(); ++asked) {
     Twin twins[2];
     for (Twin& twin : twins) {

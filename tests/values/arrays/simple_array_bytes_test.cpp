@@ -5,6 +5,7 @@
 #include "tests/support/composites.h"
 #include "tests/support/encoding.h"
 #include "tests/support/memory.h"
+#include "tests/support/raised.h"
 
 namespace halyard::test {
 namespace {
@@ -110,27 +111,44 @@ TEST(SimpleArrayBytes, ArrayGrowsAfterReading) {
 }
 
 TEST(SimpleArrayBytes, CountOfFourThousandMillionIsKeptWithoutItsMemory) {
-  for (const SHORT type : {kByte, kShort, kLong, kReal}) {
+  constexpr struct {
+    SHORT type;
+    const char* zero;
+  } kRows[] = {{kByte, "UI1 0"}, {kShort, "I2 0"}, {kLong, "I4 0"}, {kReal, "R8 0"}};
+  for (const auto& [type, zero] : kRows) {
     const MemoryLimit limit;
     const auto array = New(type);
     EXPECT_EQ(ReadFrom(array, "00 28 6B EE 01 02 03 04 05 06 07 08"), TooShort());
     EXPECT_EQ(static_cast<ULONG>(Count(array)), 4000000000u);
-    Variant content;
-    static_cast<void>(array->get_Item(I4(0).get(), content.Out()));
-    static_cast<void>(array->get_Item(I4(2000000000).get(), content.Out()));
-    static_cast<void>(TryPutItem(array, 1000000000, I4(1)));
-    static_cast<void>(TryPutItem(array, 3, I4(1)));
+    EXPECT_EQ(Item(array, 0), zero);
+    EXPECT_EQ(Item(array, 2000000000), zero);
+    for (const LONG position : {3, 1000000000})
+      EXPECT_TRUE(Raises(E_OUTOFMEMORY, [&] { return TryPutItem(array, position, I4(1)); }));
+    EXPECT_TRUE(Raises(E_OUTOFMEMORY, [&] { return array->Add(I4(1).get()); }));
+    LONG_PTR address = 0;
+    EXPECT_TRUE(
+        Raises(E_OUTOFMEMORY, [&] { return array.As<ISimpleArray>()->get_GetDataPointer(&address); }));
     EXPECT_EQ(WriteTo(array, 64).outcome, TooShort());
-    static_cast<void>(array->Add(I4(1).get()));
-    static_cast<void>(array->Remove(I4(0).get()));
-    Ptr<IValueBase> copy;
-    static_cast<void>(array->Copy(copy.Out()));
+    EXPECT_EQ(static_cast<ULONG>(Count(array)), 4000000000u);
+    EXPECT_EQ(array->Remove(I4(0).get()), S_OK);
+    EXPECT_EQ(static_cast<ULONG>(Count(Get(array, &IValueBase::Copy).As<IArray>())), 3999999999u);
     EXPECT_EQ(array->RemoveAll(), S_OK);
     EXPECT_EQ(Count(array), 0);
     AddAll(array, {1});
     EXPECT_EQ(Count(array), 1);
     EXPECT_TRUE(limit.Kept()) << type;
   }
+}
+
+// 16 MiB is the most that a count alone brings memory for.
+TEST(SimpleArrayBytes, AnnouncedBlockOfSixteenMebibytesTakesMemory) {
+  const auto array = New(kReal);
+  EXPECT_EQ(ReadFrom(array, "00 00 20 00"), TooShort());
+  PutItem(array, 0x1FFFFF, I4(1));
+  EXPECT_EQ(Item(array, 0x1FFFFF), "R8 1");
+  EXPECT_EQ(Item(array, 0), "R8 0");
+  EXPECT_EQ(ReadFrom(array, "01 00 20 00"), TooShort());
+  EXPECT_EQ(TryPutItem(array, 0, I4(1)), E_OUTOFMEMORY);
 }
 
 TEST(SimpleArrayBytes, CountWhoseSizeWrapsIsNotRead) {
@@ -141,6 +159,22 @@ TEST(SimpleArrayBytes, CountWhoseSizeWrapsIsNotRead) {
   EXPECT_EQ(ReadFrom(reals, "00 00 00 20"), TooShort());
   EXPECT_EQ(Count(reals), 0x20000000);
   EXPECT_EQ(WriteTo(reals, 64).outcome, TooShort());
+}
+
+TEST(SimpleArrayBytes, NullBufferIsEmpty) {
+  for (const LONG fixed : {0, 2}) {
+    const auto array = NewArray(SimpleArrayDefinition(kShort, fixed));
+    if (fixed == 0) AddAll(array, {0, 0});
+    ULONG count = kUntouched;
+    VARIANT_BOOL result = VARIANT_TRUE;
+    EXPECT_EQ(array->ReadFromBuffer(nullptr, 64, &count, &result), S_OK);
+    EXPECT_EQ(result, VARIANT_FALSE);
+    result = VARIANT_TRUE;
+    EXPECT_EQ(array->WriteToBuffer(nullptr, 64, &count, &result), S_OK);
+    EXPECT_EQ(result, VARIANT_FALSE);
+    EXPECT_EQ(count, kUntouched);
+    EXPECT_EQ(Items(array), "I2 0, I2 0");
+  }
 }
 
 TEST(SimpleArrayBytes, NullArgumentsAreRejected) { ExpectNullBufferArgumentsRejected(Shorts({1})); }

@@ -7,6 +7,7 @@
 #include "halyard/values/arrays/simple_array.h"
 #include "tests/support/composites.h"
 #include "tests/support/encoding.h"
+#include "tests/support/foreign_composites.h"
 #include "tests/support/raised.h"
 
 namespace halyard::test {
@@ -68,6 +69,9 @@ TEST(SimpleFixedArray, ElementsOfEveryType) {
     PutItem(array, 1, row.content);
     EXPECT_EQ(Items(array), std::string(row.item) + ", " + row.item) << row.type;
     EXPECT_EQ(Encoded(array), std::string(row.bytes) + " " + row.bytes) << row.type;
+    EXPECT_EQ(Get(array, &IValueBase::get_Name, I4(1)), "") << row.type;
+    EXPECT_EQ(Get(array, &IValueBase::get_Type), kArray) << row.type;
+    EXPECT_EQ(Get(array, &IValueBase::get_TypeString), "Array") << row.type;
   }
 }
 
@@ -187,6 +191,29 @@ TEST(SimpleFixedArray, UnsupportedElementTypeLeavesNoDefinition) {
   }
 }
 
+TEST(SimpleFixedArray, ElementsThatCannotBeHeldStoreNothing) {
+  const auto texts = NewArray(ArrayDefinition(SimpleDefinition(kFixedString, 4), 2));
+  PutItem(texts, 0, Text(OLESTR("ab")));
+  EXPECT_TRUE(Raises(DISP_E_TYPEMISMATCH, [&] { return TryPutItem(texts, 0, Variant::Null()); }));
+  EXPECT_EQ(TryPutItem(texts, 2, Text(OLESTR("ab"))), E_INVALIDARG);
+  EXPECT_EQ(Items(texts), "BSTR , BSTR ");
+  const auto bytes = NewArray(ArrayDefinition(SimpleDefinition(kByteArray, 4), 2));
+  for (const Variant& value : {Text(OLESTR("ab")), Variant::Null(), I4(5)}) PutItem(bytes, 0, value);
+  EXPECT_EQ(Items(bytes), "BSTR , BSTR ");
+}
+
+TEST(SimpleFixedArray, DefinitionOfSomebodyElseIsInvalid) {
+  const auto definition = NewForeign<ForeignArrayDefinition>();
+  definition->data_type.value = kLong;
+  definition->count.value = 3;
+  const auto array = Untyped();
+  EXPECT_TRUE(Raises(E_INVALIDARG, [&] { return array->put_Info(definition.get()); }));
+  EXPECT_TRUE(Raises(E_INVALIDARG, [&] { return array->put_Info(SimpleDefinition(kLong).get()); }));
+  EXPECT_EQ(Count(array), 0);
+  EXPECT_EQ(array->put_Info(SimpleArrayDefinition(kLong, 2).get()), S_OK);
+  EXPECT_EQ(Count(array), 2);
+}
+
 TEST(SimpleFixedArray, InfoIsTakenOnce) {
   const auto array = Shorts({1, 2});
   EXPECT_EQ(array->put_Info(SimpleArrayDefinition(kReal, 50).get()), S_OK);
@@ -199,7 +226,9 @@ TEST(SimpleFixedArray, UntypedArrayHasNothing) {
   Ptr<IValueDefBase> info;
   EXPECT_EQ(Count(array), 0);
   EXPECT_EQ(PacketSize(array), 0u);
+  SHORT id = 0;
   EXPECT_TRUE(Raises(E_POINTER, [&] { return array->get_Info(info.Out()); }));
+  EXPECT_TRUE(Raises(E_POINTER, [&] { return array->get_Id(&id); }));
   EXPECT_EQ(array->put_Info(nullptr), E_INVALIDARG);
   EXPECT_EQ(TryPutItem(array, 0, I4(1)), E_INVALIDARG);
 }

@@ -117,11 +117,29 @@ TEST(StringArrayBytes, CutPrefixesReportAShortBuffer) {
 
 TEST(StringArrayBytes, CutTextsAreNeverReadBeyondTheBuffer) {
   for (const std::size_t size : {6, 7, 8, 11}) {
-    EXPECT_EQ(ReadFrom(New(), Prefix(Hex(kAbAndEmpty), size)).status, S_OK) << size;
+    EXPECT_EQ(ReadFrom(New(), Prefix(Hex(kAbAndEmpty), size)), TooShort()) << size;
   }
   const auto array = New();
-  EXPECT_EQ(ReadFrom(array, "01 00 00 00 FF FF 61 62").status, S_OK);
-  EXPECT_EQ(Count(array), 1);
+  EXPECT_EQ(ReadFrom(array, "01 00 00 00 FF FF 61 62"), TooShort());
+  EXPECT_EQ(Items(array), "BSTR ");
+}
+
+TEST(StringArrayBytes, CutTextKeepsWhatItHeld) {
+  const auto array = Texts({OLESTR("x")});
+  EXPECT_EQ(ReadFrom(array, "01 00 00 00 03 00 61 62"), TooShort());
+  EXPECT_EQ(Items(array), "BSTR x");
+}
+
+TEST(StringArrayBytes, NullBufferIsEmpty) {
+  const auto array = Texts({OLESTR("x")});
+  ULONG count = kUntouched;
+  VARIANT_BOOL result = VARIANT_TRUE;
+  EXPECT_EQ(array->ReadFromBuffer(nullptr, 64, &count, &result), S_OK);
+  EXPECT_EQ(result, VARIANT_FALSE);
+  EXPECT_EQ(array->WriteToBuffer(nullptr, 64, &count, &result), S_OK);
+  EXPECT_EQ(result, VARIANT_FALSE);
+  EXPECT_EQ(count, kUntouched);
+  EXPECT_EQ(Items(array), "BSTR x");
 }
 
 TEST(StringArrayBytes, CutReadingKeepsTheCountAndWhatArrived) {

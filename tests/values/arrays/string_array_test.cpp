@@ -187,7 +187,39 @@ TEST(StringArray, ServesADefinitionOfSomebodyElse) {
   definition->count.status = E_ABORT;
   ULONG size = 0;
   EXPECT_TRUE(Raises(E_ABORT, [&] { return array->Add(Text(OLESTR("b")).get()); }));
+  EXPECT_TRUE(Raises(E_ABORT, [&] { return array->Remove(I4(0).get()); }));
+  EXPECT_TRUE(Raises(E_ABORT, [&] { return array->RemoveAll(); }));
   EXPECT_TRUE(Raises(E_ABORT, [&] { return array->get_PacketSize(&size); }));
+  unsigned char bytes[8] = {};
+  VARIANT_BOOL result = VARIANT_TRUE;
+  EXPECT_TRUE(Raises(E_ABORT, [&] { return array->WriteToBuffer(bytes, 8, &size, &result); }));
+  EXPECT_TRUE(Raises(E_ABORT, [&] { return array->ReadFromBuffer(bytes, 8, &size, &result); }));
+  definition->id.status = E_ABORT;
+  SHORT id = 0;
+  EXPECT_TRUE(Raises(E_ABORT, [&] { return array->get_Id(&id); }));
+  EXPECT_EQ(Items(array), "BSTR a");
+}
+
+TEST(StringArray, DefinitionThatFailsWhileItIsTakenStays) {
+  const auto definition = NewForeign<ForeignArrayDefinition>();
+  definition->count.value = 2;
+  for (HRESULT* status : {&definition->data_type.status, &definition->count.status}) {
+    const auto array = Untyped();
+    *status = E_ABORT;
+    EXPECT_TRUE(Raises(E_ABORT, [&] { return array->put_Info(definition.get()); }));
+    *status = S_OK;
+    EXPECT_TRUE(SameObject(Get(array, &IValueBase::get_Info).get(), definition.get()));
+    EXPECT_EQ(Count(array), 0);
+    EXPECT_EQ(array->put_Info(SimpleArrayDefinition(kString, 3).get()), S_OK);
+    EXPECT_EQ(Count(array), 0);
+  }
+}
+
+TEST(StringArray, ObjectThatIsNoArrayDefinitionIsNotTaken) {
+  const auto array = Untyped();
+  EXPECT_TRUE(Raises(E_POINTER, [&] { return array->put_Info(SimpleDefinition(kString).get()); }));
+  EXPECT_EQ(array->put_Info(SimpleArrayDefinition(kString, 3).get()), S_OK);
+  EXPECT_EQ(Count(array), 3);
 }
 
 TEST(StringArray, HasNoNumbersToTransfer) {

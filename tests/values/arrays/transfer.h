@@ -1,4 +1,4 @@
-// The two numeric transfers, with buffers between guard bytes.
+// The two numeric transfers, with buffers between guard bytes, and an array for them.
 #pragma once
 
 #include <cstring>
@@ -51,6 +51,18 @@ inline void ReadNumbers(const Ptr<IArray>& array, const OLECHAR* path, SHORT typ
   const Transferred read = Read(array, path, I2(type), hex);
   EXPECT_EQ(read.status, S_OK);
   EXPECT_EQ(read.result, VARIANT_TRUE);
+}
+
+// Structures whose member m is an object, with these numbers.
+inline Ptr<IArray> Nullable(SHORT type, std::initializer_list<LONG> numbers) {
+  const auto definition = StructureDefinition({{OLESTR("m"), type, 0, true}});
+  const auto array = NewArray(ArrayDefinition(definition));
+  for (const LONG number : numbers) {
+    const auto element = NewValue(definition);
+    PutItem(element, OLESTR("m"), I4(number));
+    Add(array, Object(element));
+  }
+  return array;
 }
 
 // A buffer that no transfer has written.
