@@ -80,12 +80,16 @@ bool Array::Decode(ReadCursor& cursor) {
     if (objects == 0) objects = ObjectsOf(type_.layout().value_type.Known());
     if (!ReadingAllowance::Take(objects)) return false;
     const bool untouched = !elements_.ObjectAt(i);
+    const bool fresh = untouched && elements_.IsFresh(i);
     const std::uint32_t start = cursor.position();
     if (!DecodeElement(cursor, i)) return false;
     ++i;
     if (untouched && cursor.position() == start) {
-      fresh_definition_ = ElementDefinition();
-      elements_.FreshenUntouched();
+      // Slots that were fresh stay elements of the definition that they had.
+      if (!fresh) {
+        fresh_definition_ = ElementDefinition();
+        elements_.FreshenUntouched();
+      }
       i = elements_.EndOfFresh(i);
     }
   }
