@@ -1,6 +1,7 @@
 // The error boundary: inside the library failures are exceptions, at an interface they
-// are status codes with an error object. Every interface method body that can fail runs
-// in Guarded.
+// are status codes with an error object. Every body of a public interface method that can
+// fail runs in Guarded. A catch elsewhere puts something right and lets the failure go on,
+// or makes it the result that a contract promises.
 #pragma once
 
 #include <type_traits>
@@ -32,6 +33,18 @@ HRESULT Guarded(const char* class_name, const char* operation, Body&& body) noex
     }
   } catch (...) {
     return ReportFailure(class_name, operation);
+  }
+}
+
+// Runs a body whose failures the contract of its method swallows: S_FALSE where it raised
+// an Error, else S_OK. Only the lack of the library's own memory goes on.
+template <class Body>
+HRESULT Tried(Body&& body) {
+  try {
+    std::forward<Body>(body)();
+    return S_OK;
+  } catch (const Error&) {
+    return S_FALSE;
   }
 }
 

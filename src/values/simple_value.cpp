@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <exception>
+#include <new>
 
 #include "halyard/classes.h"
 #include "halyard/definitions/value_def_base.h"
@@ -56,24 +56,28 @@ HRESULT SimpleValue::get_Value(VARIANT* pvValue) {
 }
 
 HRESULT SimpleValue::put_Value(VARIANT vValue) {
-  // Keeps its variant type and, where the new content does not convert, its content: a
-  // client reads back what became of it.
-  const VARTYPE type = content_.type();
-  if (type_ == kString && type == VT_BSTR && IsWholeText(vValue)) return PutOwnText(ViewOf(vValue.bstrVal));
-  if (Variant::LeadsNowhere(vValue)) return S_OK;
-  Variant converted;
-  const HRESULT hr = vValue.vt == type ? VariantCopy(&converted.get(), &vValue)
-                                       : VariantChangeType(&converted.get(), &vValue, 0, type);
-  if (SUCCEEDED(hr)) content_.Set(std::move(converted));
-  return hr == E_OUTOFMEMORY ? hr : S_OK;
+  return Call("Value", [&] {
+    const VARTYPE type = content_.type();
+    if (type_ == kString && type == VT_BSTR && IsWholeText(vValue)) {
+      content_.SetText(ViewOf(vValue.bstrVal));
+    } else if (!Variant::LeadsNowhere(vValue)) {
+      PutConverted(vValue, type);
+    }
+  });
 }
 
-HRESULT SimpleValue::PutOwnText(WideView text) noexcept {
-  try {
-    content_.SetText(text);
-    return S_OK;
-  } catch (const std::exception&) {
-    return E_OUTOFMEMORY;
+void SimpleValue::PutConverted(VARIANT& value, VARTYPE type) {
+  // Where the new content does not convert, the old one stays: a client reads back what
+  // became of it.
+  Variant converted;
+  const HRESULT hr = value.vt == type ? VariantCopy(&converted.get(), &value)
+                                      : VariantChangeType(&converted.get(), &value, 0, type);
+  if (SUCCEEDED(hr)) {
+    content_.Set(std::move(converted));
+  } else if (hr == E_OUTOFMEMORY) {
+    throw std::bad_alloc();
+  } else {
+    SetErrorInfo(0, nullptr);
   }
 }
 
@@ -94,14 +98,15 @@ HRESULT SimpleValue::get_Info(IValueDefBase** ppInfo) {
 
 HRESULT SimpleValue::put_Info(IValueDefBase* pInfo) {
   // A definition that cannot be taken leaves a value without a type, not a failed call.
-  // Only the lack of memory is told.
   const HRESULT hr = Call("Info", [&] {
-    const Ptr<IValueDefBase> info = QueryFor<IValueDefBase>(pInfo);
-    TakeDefinition(Require(info, "the object is no definition").get());
+    return Tried([&] {
+      const Ptr<IValueDefBase> info = QueryFor<IValueDefBase>(pInfo);
+      TakeDefinition(Require(info, "the object is no definition").get());
+    });
   });
-  if (SUCCEEDED(hr)) return S_OK;
+  if (hr == S_OK) return S_OK;
   type_ = kInvalid;
-  if (hr == E_OUTOFMEMORY) return hr;
+  if (FAILED(hr)) return hr;
   SetErrorInfo(0, nullptr);
   return S_OK;
 }

@@ -51,8 +51,9 @@ class SimpleValue : public ValueObject<SimpleValue, IValueBase, ISimpleValue> {
   void TakeDefinition(IValueDefBase* definition);
   void ResetValue();
 
-  // Becomes that text; E_OUTOFMEMORY where there is no memory for it.
-  HRESULT PutOwnText(WideView text) noexcept;
+  // Becomes the value as that variant type, or stays what it is where the value does not
+  // convert. Throws std::bad_alloc.
+  void PutConverted(VARIANT& value, VARTYPE type);
 
   SimpleContent content_;  // its variant type is what Value (put) converts to
   SHORT type_ = kInvalid;

@@ -1,5 +1,7 @@
 #include "values/structure.h"
 
+#include <new>
+
 #include "halyard/classes.h"
 #include "object/nesting.h"
 #include "values/nested_value.h"
@@ -16,7 +18,11 @@ constexpr std::uint8_t kNull = 1;
 Ptr<IValueBase> NewMember(const MemberLayout& member) {
   const Ptr<IValueDefBase> definition = Require(member.definition.object, "a member has no definition");
   Ptr<IValueBase> object;
-  Check(definition->CreateDataObject(object.Out()), definition);
+  const HRESULT hr = definition->CreateDataObject(object.Out());
+  // What a client's definition says is its own affair, what one of the library says is not:
+  // see Tried.
+  if (hr == E_OUTOFMEMORY && member.definition.inside != nullptr) throw std::bad_alloc();
+  Check(hr, definition);
   return object;
 }
 

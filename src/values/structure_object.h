@@ -2,8 +2,9 @@
 // of fixed members, and the calls that look the same in both.
 //
 // The table is the definition's own and may change under a value; so each field is
-// checked against the block that the value really has. What does not fit is treated as
-// no member, and the encoding of such a value as too short.
+// checked against the block that the value really has. A field beyond the block is treated
+// as no member. PacketSize counts it all the same, but no buffer is long enough to read or
+// write it. (An object member that came later is like a null one, see structure.h.)
 #pragma once
 
 #include "values/elementary_memory.h"
@@ -47,14 +48,15 @@ class StructureObject : public ValueObject<T, Interfaces..., IElementaryMemory> 
     }
     if (type_) return S_OK;
     // A definition that cannot be taken leaves the value without one, not a failed call.
-    // Only the lack of memory is told.
     const HRESULT hr = this->Call("Info", [&] {
-      type_.Take(pInfo);
-      this->Self().Build();
+      return Tried([&] {
+        type_.Take(pInfo);
+        this->Self().Build();
+      });
     });
-    if (SUCCEEDED(hr)) return S_OK;
+    if (hr == S_OK) return S_OK;
     type_.Drop();
-    if (hr == E_OUTOFMEMORY) return hr;
+    if (FAILED(hr)) return hr;
     SetErrorInfo(0, nullptr);
     return S_OK;
   }

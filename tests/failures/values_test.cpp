@@ -1,6 +1,7 @@
 // Values when memory runs out.
 #include "tests/failures/each_allocation.h"
 #include "tests/failures/samples.h"
+#include "tests/support/raised.h"
 #include "tests/support/streams.h"
 
 namespace halyard::test {
@@ -10,6 +11,7 @@ namespace {
 struct State {
   Ptr<IValueBase> value;
   Ptr<IValueBase> other;
+  Ptr<IValueDefBase> definition;
   Variant index;
   Variant content;
   Bytes bytes;
@@ -120,6 +122,36 @@ TEST(ValueMemory, GettingATextMember) {
        [](State& state) { return state.value->get_Item(state.index.get(), state.content.Out()); },
        [](State& state) { return Describe(state.content); }}
       .Run();
+}
+
+TEST(ValueMemory, PuttingATextByItself) {
+  Each{[] {
+         State state;
+         state.value = SimpleValue(kString);
+         state.content = Text(kLongText);
+         return state;
+       },
+       [](State& state) {
+         const HRESULT hr = state.value->put_Value(state.content.get());
+         if (FAILED(hr)) {
+           EXPECT_EQ(LeftWords().rfind("Halyard.SimpleValue: SimpleValue.Value: ", 0), 0u);
+         }
+         return hr;
+       },
+       Value}
+      .Run();
+}
+
+TEST(ValueMemory, TakingADefinition) {
+  const auto untyped = [](const CLSID& value_class, const Ptr<IValueDefBase>& definition) {
+    State state;
+    state.value = CreateObject<IValueBase>(value_class);
+    state.definition = definition;
+    return state;
+  };
+  const auto take = [](State& state) { return state.value->put_Info(state.definition.get()); };
+  Each{[&] { return untyped(kStructureClass, EverythingDefinition()); }, take, Value}.Run();
+  Each{[&] { return untyped(kSimpleValueClass, SimpleDefinition(kFixedString, 10)); }, take, Value}.Run();
 }
 
 TEST(ValueMemory, Reading) {

@@ -32,4 +32,24 @@ testing::AssertionResult CheckRaised(HRESULT expected, HRESULT status) {
   return testing::AssertionSuccess();
 }
 
+std::string LeftWords() {
+  Ptr<IErrorInfo> info;
+  if (GetErrorInfo(0, info.Out()) != S_OK || !info) return {};
+  Bstr source;
+  Bstr description;
+  EXPECT_EQ(info->GetSource(source.Out()), S_OK);
+  EXPECT_EQ(info->GetDescription(description.Out()), S_OK);
+  return Plain(source.get()) + ": " + Plain(description.get());
+}
+
+void LeaveWords(const OLECHAR* source, const OLECHAR* description) {
+  Ptr<ICreateErrorInfo> info;
+  ASSERT_EQ(CreateErrorInfo(info.Out()), S_OK);
+  WideString source_text(source);
+  WideString description_text(description);
+  EXPECT_EQ(info->SetSource(source_text.data()), S_OK);
+  EXPECT_EQ(info->SetDescription(description_text.data()), S_OK);
+  EXPECT_EQ(SetErrorInfo(0, info.As<IErrorInfo>().get()), S_OK);
+}
+
 }  // namespace halyard::test

@@ -74,6 +74,16 @@ TEST(SimpleValue, TypesWithoutConversionKeepTheContent) {
   }
 }
 
+TEST(SimpleValue, TypeWithoutANameIsUnknown) {
+  for (const SHORT type : std::initializer_list<SHORT>{-1, 18, 99}) {
+    const auto definition = SimpleDefinition(kLong);
+    EXPECT_EQ(definition->put_Type(type), S_OK);
+    const auto value = Untyped();
+    EXPECT_EQ(value->put_Info(definition.get()), S_OK);
+    EXPECT_EQ(Get(value, &IValueBase::get_TypeString), "Unknown") << type;
+  }
+}
+
 TEST(SimpleValue, RealKeepsTheKindOfADate) {
   const auto value = SimpleValue(kDate);
   PutValue(value, Date(2));
@@ -100,11 +110,13 @@ TEST(SimpleValue, FailedTypingKeepsTheFieldSize) {
 TEST(SimpleValue, DefinitionThatFailsLeavesNoType) {
   const auto foreign = NewForeign<ForeignDefinition>();
   for (HRESULT* status : {&foreign->query_status, &foreign->type.status, &foreign->data_size.status}) {
-    const auto value = SimpleValue(kLong);
-    *status = E_ABORT;
-    EXPECT_EQ(value->put_Info(foreign.get()), S_OK);
-    EXPECT_EQ(TypeOf(value), 0);
-    *status = S_OK;
+    for (const HRESULT code : {E_ABORT, E_OUTOFMEMORY}) {
+      const auto value = SimpleValue(kLong);
+      *status = code;
+      EXPECT_EQ(value->put_Info(foreign.get()), S_OK);
+      EXPECT_EQ(TypeOf(value), 0);
+      *status = S_OK;
+    }
   }
   const auto value = SimpleValue(kLong);
   foreign->query_status = E_NOINTERFACE;

@@ -39,8 +39,11 @@ TEST(StructureTyping, UntypedStructuresHaveNoMembers) {
   ExpectNoMembers(UntypedGeneral());
   ExpectNoMembers(UntypedFixed());
   EXPECT_FALSE(Get(UntypedGeneral(), &IValueBase::get_At, I4(0)));
-  EXPECT_EQ(Get(UntypedGeneral(), &IValueBase::get_Type), 14);
-  EXPECT_EQ(Get(UntypedFixed(), &IValueBase::get_Type), 14);
+  for (const auto& untyped : {UntypedGeneral(), UntypedFixed()}) {
+    EXPECT_EQ(Get(untyped, &IValueBase::get_Type), 14);
+    SHORT id = 0;
+    EXPECT_TRUE(Raises(E_POINTER, [&] { return untyped->get_Id(&id); }));
+  }
 }
 
 TEST(StructureTyping, NullDefinitionIsInvalid) {
@@ -82,10 +85,12 @@ TEST(StructureTyping, SomethingElseThanAStructureDefinitionLeavesTheValueUntyped
 
 TEST(StructureTyping, FailedQueryOfTheDefinitionIsNoFailure) {
   const auto foreign = NewForeign<ForeignStructureDefinition>();
-  foreign->query_status = E_ABORT;
-  for (const auto& untyped : {UntypedGeneral(), UntypedFixed()}) {
-    EXPECT_EQ(untyped->put_Info(foreign.get()), S_OK);
-    EXPECT_TRUE(HasNoDefinition(untyped));
+  for (const HRESULT code : {E_ABORT, E_OUTOFMEMORY}) {
+    foreign->query_status = code;
+    for (const auto& untyped : {UntypedGeneral(), UntypedFixed()}) {
+      EXPECT_EQ(untyped->put_Info(foreign.get()), S_OK);
+      EXPECT_TRUE(HasNoDefinition(untyped));
+    }
   }
 }
 
@@ -100,11 +105,13 @@ TEST(StructureTyping, FixedStructureOfSizeZeroStaysUntyped) {
 TEST(StructureTyping, MemberThatCannotBeMadeLeavesTheValueUntyped) {
   const auto foreign = NewForeign<ForeignDefinition>();
   foreign->type.value = kEnumeration;
-  foreign->created.status = E_ABORT;
   const auto definition = CreateObject<IStructureDef>(kStructureInfoClass);
   AddMember(definition, OLESTR("m"), foreign.get());
   Calculate(definition);
-  ExpectNoMembers(NewValue(definition));
+  for (const HRESULT code : {E_ABORT, E_OUTOFMEMORY}) {
+    foreign->created.status = code;
+    ExpectNoMembers(NewValue(definition));
+  }
 }
 
 TEST(StructureTyping, MemberWithoutADefinitionLeavesTheValueUntyped) {
@@ -147,6 +154,43 @@ TEST(StructureTyping, LayoutStaysWhatItWasWhenTheDefinitionChanges) {
   EXPECT_EQ(Item(value, OLESTR("b")), "R8 1.5");
   EXPECT_EQ(definition->RemoveAll(), S_OK);
   EXPECT_EQ(Item(value, OLESTR("b")), "NULL");
+}
+
+TEST(StructureTyping, FieldThatCameLaterIsCountedButHasNoBytes) {
+  const auto fixed = TwoNumbers();
+  const auto general = StructureDefinition({{OLESTR("a"), kLong}, {OLESTR("s"), kString}});
+  const Ptr<IValueBase> values[] = {NewValue(fixed), NewValue(general)};
+  for (const auto& definition : {fixed, general}) {
+    AddMember(definition, OLESTR("c"), SimpleDefinition(kLong).get());
+    Calculate(definition);
+  }
+  EXPECT_EQ(PacketSize(values[0]), 16u);
+  EXPECT_EQ(PacketSize(values[1]), 10u);
+  for (const auto& value : values) {
+    EXPECT_EQ(WriteTo(value, 64).outcome, TooShort());
+    EXPECT_EQ(ReadFrom(value, Bytes(64, 0)), TooShort());
+  }
+}
+
+TEST(StructureTyping, ObjectMemberThatCameLaterIsNull) {
+  for (const bool can_be_null : {false, true}) {
+    const auto definition = StructureDefinition({{OLESTR("a"), kLong}, {OLESTR("s"), kString}});
+    const auto value = NewValue(definition);
+    AddMember(definition, OLESTR("t"), SimpleDefinition(kString).get(), can_be_null);
+    Calculate(definition);
+    PutItem(value, OLESTR("t"), Text(OLESTR("lost")));
+    EXPECT_EQ(Item(value, OLESTR("t")), "NULL");
+    if (can_be_null) {
+      EXPECT_EQ(Encoded(value), "00 00 00 00 00 00 01");
+      EXPECT_EQ(ReadFrom(value, "07 00 00 00 00 00 01"), Moved(7));
+      EXPECT_EQ(ReadFrom(value, "07 00 00 00 00 00 00 00 00").status, E_POINTER);
+    } else {
+      ULONG size = 0;
+      EXPECT_TRUE(Raises(E_POINTER, [&] { return value->get_PacketSize(&size); }));
+      EXPECT_EQ(WriteTo(value, 64).outcome.status, E_POINTER);
+      EXPECT_EQ(ReadFrom(value, Bytes(64, 0)).status, E_POINTER);
+    }
+  }
 }
 
 TEST(StructureTyping, ValueKeepsItsDefinitionAlive) {
@@ -199,11 +243,28 @@ TEST(StructureCopy, NullMembersCannotBeCopied) {
   EXPECT_TRUE(Raises(E_POINTER, [&] { return value->Copy(copy.Out()); }));
 }
 
+// Only a client that makes the value itself gets this class for such a definition.
+TEST(SimpleFixedStructure, MemberWithoutAFieldIsAnEmptyText) {
+  const auto value = UntypedFixed();
+  const auto definition =
+      StructureDefinition({{OLESTR("a"), kLong}, {OLESTR("s"), kString}, {OLESTR("b"), kByte}});
+  EXPECT_EQ(value->put_Info(definition.get()), S_OK);
+  EXPECT_EQ(Item(value, OLESTR("s")), "BSTR ");
+  PutItem(value, OLESTR("s"), Text(OLESTR("lost")));
+  EXPECT_EQ(Item(value, OLESTR("s")), "BSTR ");
+  EXPECT_EQ(Get(value, &IValueBase::get_Name, I4(1)), "s");
+  EXPECT_EQ(Get(value, &IValueBase::get_Count), 3);
+  PutItem(value, OLESTR("a"), I4(5));
+  PutItem(value, OLESTR("b"), Ui1(7));
+  EXPECT_EQ(Encoded(value), "05 00 00 00 07");
+}
+
 TEST(SimpleFixedStructure, AtIsNotImplemented) {
   const auto value = NewValue(TwoNumbers());
   Ptr<IValueBase> object;
   EXPECT_EQ(value->get_At(I4(0).get(), object.Out()), E_NOTIMPL);
   EXPECT_EQ(value->get_At(Text(OLESTR("unknown")).get(), object.Out()), E_NOTIMPL);
+  EXPECT_EQ(value->get_At(I4(0).get(), nullptr), E_POINTER);
 }
 
 TEST(SimpleFixedStructure, TakesExactlyItsSize) {

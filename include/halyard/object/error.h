@@ -36,12 +36,15 @@ inline void Check(HRESULT hr) {
   if (FAILED(hr)) throw Error(hr);
 }
 
-// Raises Error for a failed status of a call on `object`, with the error object that
-// it left if it supports error information.
-inline void Check(HRESULT hr, IUnknown* object) {
+// Raises Error for a failed status of a call on interface I of `object`, with the error
+// object that it left if it supports error information for I.
+template <class I>
+void Check(HRESULT hr, I* object) {
   if (SUCCEEDED(hr)) return;
   Ptr<IErrorInfo> info;
-  if (Ptr<IUnknown>(object).As<ISupportErrorInfo>()) {
+  const Ptr<ISupportErrorInfo> support = Ptr<I>(object).template As<ISupportErrorInfo>();
+  // What an object without support leaves behind may be the words of an earlier failure.
+  if (support && support->InterfaceSupportsErrorInfo(IidOf<I>) == S_OK) {
     if (GetErrorInfo(0, info.Out()) != S_OK) info.Reset();
   }
   throw Error(hr, std::move(info));
@@ -49,7 +52,7 @@ inline void Check(HRESULT hr, IUnknown* object) {
 
 template <class I>
 void Check(HRESULT hr, const Ptr<I>& object) {
-  if (FAILED(hr)) Check(hr, static_cast<IUnknown*>(object.get()));
+  Check(hr, object.get());
 }
 
 // Raises E_POINTER, with the reason, where an object is required and there is none.

@@ -1,5 +1,6 @@
 // ICollection: the value class of type code 16. It holds no data: Type and TypeString
-// answer, every other call is E_NOTIMPL.
+// answer, every other call is E_NOTIMPL and leaves its out arguments alone; PacketSize is
+// E_NOTIMPL, too, but writes 0.
 #pragma once
 
 #include "halyard/values/value_base.h"

@@ -1,5 +1,6 @@
 // IEnumeration: a value of an enumeration, held and exchanged as its number. Names stay
-// with the definition, and the number is never compared with the elements.
+// with the definition, and the number is never compared with the elements. Item reads the
+// number as Value does; Item (put), Add, Remove and RemoveAll do nothing.
 //
 // Encoding: the number in 1, 2 or 4 bytes for a stored type of Char, Short or Long;
 // other stored types have a PacketSize but cannot be written or read (result false).

@@ -5,7 +5,9 @@
 // A simple value keeps type code and field size of its definition and nothing else.
 // Value converts what it is given to the variant type that it holds; what does not
 // convert is dropped and the old content stays, with S_OK. Item reads the same
-// content; Item (put), Add, Remove and RemoveAll do nothing.
+// content; Item (put), Add, Remove and RemoveAll do nothing. A definition that Info (put)
+// cannot take leaves the value without a type, with S_OK as well. Info and Value (put) fail
+// where memory runs out (E_OUTOFMEMORY), and not otherwise.
 //
 // Encoding: a String is a length (2 bytes) and that many narrow characters; any other
 // type is its elementary bytes, for which the buffer size is NOT checked: the caller

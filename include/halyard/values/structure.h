@@ -7,12 +7,19 @@
 // object, which is null (VT_NULL) where it was put so; the encoding is the members one
 // after another, a member that can be null led by a flag byte (1: null, nothing follows).
 //
-// Info (put) fails for null only (E_INVALIDARG); any other definition that cannot be taken
-// leaves the value without one. Putting an object (VT_DISPATCH) makes the member that very
-// object, and null where it is no value. A member that is null although it must not be
-// makes PacketSize, WriteToBuffer and ReadFromBuffer E_POINTER; so does reading into a
-// member that is null, until Item gives it a value again. Copy of a structure with null
-// members is E_POINTER.
+// Info (put) fails for null (E_INVALIDARG) and where memory runs out (E_OUTOFMEMORY); any
+// other definition that cannot be taken leaves the value without one, with S_OK. A failure
+// that a client's definition reports is such a case, whatever its code.
+//
+// Item (put) converts to the type of the member. What does not convert fails for a fixed
+// member; a member that is a value object decides itself, and a simple value drops it with
+// S_OK. An object (VT_DISPATCH) that is put into such a member becomes the member itself,
+// and makes it null where it is no value.
+//
+// A member that is null although it must not be makes PacketSize, WriteToBuffer and
+// ReadFromBuffer E_POINTER; so does reading into a member that is null, until Item gives it
+// a value again. Copy of a structure with null members is E_POINTER. Value (put), Add,
+// Remove and RemoveAll do nothing.
 //
 // A position outside 0..count-1 and an unknown name mean no member: Item reads VT_NULL,
 // Name the empty string, At null, and a put does nothing.

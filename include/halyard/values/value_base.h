@@ -18,7 +18,8 @@ struct IValueBase : IDispatch {
   static constexpr IID kIid = {0xDAA3FE88, 0x9078, 0x416E, {0x91, 0xFF, 0x33, 0x03, 0x80, 0xD6, 0x13, 0x97}};
 
   // The content of a member or element as an automation value; the caller clears what
-  // it gets. Converts on the way in as VariantChangeType does and fails as that does.
+  // it gets. Converts on the way in as VariantChangeType does and fails as that does,
+  // but a simple value, by itself or as a member, drops what does not convert.
   virtual HRESULT STDMETHODCALLTYPE get_Item(VARIANT vIndex, VARIANT* pvValue) = 0;
   virtual HRESULT STDMETHODCALLTYPE put_Item(VARIANT vIndex, VARIANT vValue) = 0;
 

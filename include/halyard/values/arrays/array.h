@@ -52,6 +52,17 @@ struct IArray : IValueBase {
 //
 // Info: a null definition and an object that is no array definition of this library are
 // E_INVALIDARG.
+//
+// Add of an object of the type and id that the element definition has makes that very
+// object an element; for any other object a fresh element is added that takes its value.
+// Anything but an object is taken likewise where elements are simple values, and does
+// nothing for other elements. Item (put) of an object replaces the element, and empties
+// the slot where it is no value; anything else is put into the element. At hands out the
+// element itself.
+//
+// An array of fixed length ignores Add, Remove and RemoveAll. Item, Copy and WriteToBuffer
+// are E_POINTER where they meet an empty slot, and PacketSize where it must ask the
+// elements; reading gives it a fresh element.
 struct IArrayImpl : IArray {
   using Base = IArray;
   static constexpr IID kIid = {0xF8C4CE65, 0xDC32, 0x4B21, {0xBF, 0xB1, 0x4A, 0xB6, 0x04, 0xE0, 0x01, 0x9C}};
