@@ -13,8 +13,8 @@
 namespace halyard::test {
 namespace {
 
-constexpr LONG kWithin = 200;  // objects in one another that every walk follows
-constexpr LONG kBeyond = 300;  // more than any walk follows
+constexpr LONG kWithin = 256;  // objects in one another that every walk follows
+constexpr LONG kBeyond = 257;  // more than any walk follows
 constexpr std::size_t kRoom = 100000;
 
 // Whether the call failed as a walk without end does, or reports that there is no room.

@@ -117,6 +117,17 @@ TEST(LargeRecords, TheirArraysGrowShrinkAndAreReadAgain) {
   }
 }
 
+TEST(LargeRecords, TheirArraysGrowBeyondTheMemoryOfTheRecord) {
+  for (const Row& row : kRows) {
+    const auto array = ReadBack(FileWith(row.definition(), Encoding(kCount, row.width), 0));
+    ASSERT_TRUE(array);
+    const Bytes longer = Encoding(kCount + 7, row.width);
+    // The elements that are there first, so that the rest is added to what the record left.
+    EXPECT_EQ(ReadFrom(array, longer), Moved(static_cast<ULONG>(longer.size()))) << row.name;
+    EXPECT_TRUE(EncodedBytes(array) == longer) << row.name;
+  }
+}
+
 TEST(LargeRecords, NumbersLieAsAnAllocationDoes) {
   const auto array = ReadBack(FileWith(Reals(), Encoding(kCount, 8), 0));
   const LONG_PTR address = Get(array.As<ISimpleArray>(), &ISimpleArray::get_GetDataPointer);

@@ -136,12 +136,14 @@ template <class Object>
 void ExpectNullBufferArgumentsRejected(const Ptr<Object>& object) {
   unsigned char byte = 0;
   ULONG count = kUntouched;
-  VARIANT_BOOL result = VARIANT_FALSE;
+  VARIANT_BOOL result = Garbage<VARIANT_BOOL>();
   EXPECT_EQ(object->ReadFromBuffer(&byte, 1, nullptr, &result), E_POINTER);
   EXPECT_EQ(object->ReadFromBuffer(&byte, 1, &count, nullptr), E_POINTER);
   EXPECT_EQ(object->WriteToBuffer(&byte, 1, nullptr, &result), E_POINTER);
   EXPECT_EQ(object->WriteToBuffer(&byte, 1, &count, nullptr), E_POINTER);
   EXPECT_EQ(count, kUntouched);
+  EXPECT_EQ(result, Garbage<VARIANT_BOOL>());
+  EXPECT_EQ(byte, 0);
 }
 
 }  // namespace halyard::test

@@ -106,5 +106,30 @@ TEST(LoadNumber, AnswersWhatTheGeneralWayAnswersInEveryBit) {
   }
 }
 
+TEST(NumberForm, LoadsWhatTheTypeLoadsInEveryBit) {
+  const Bytes bytes = Hex("81 82 83 84 85 86 87 C8");
+  for (SHORT type = kFirstCode; type <= kLastCode; ++type) {
+    VARIANT by_form{};
+    VARIANT by_type{};
+    EXPECT_EQ(LoadNumberOf(NumberFormOf(type), bytes.data(), by_form), IsNumberField(type)) << type;
+    EXPECT_EQ(LoadNumber(bytes.data(), type, by_type), IsNumberField(type)) << type;
+    EXPECT_EQ(std::memcmp(&by_form, &by_type, sizeof by_form), 0) << type;
+  }
+}
+
+TEST(NumberForm, StoresWhatTheGeneralWayStoresOrNothing) {
+  for (SHORT type = kFirstCode; type <= kLastCode; ++type) {
+    for (const Variant& value : Values()) {
+      // An Int64 is stored in more bytes than its number has.
+      const bool is_own = IsNumberField(type) && type != kInt64 && value.type() == VariantTypeOf(type);
+      Bytes bytes(kRoom, kFiller);
+      EXPECT_EQ(StoreNumberOf(NumberFormOf(type), value.get(), bytes.data()), is_own)
+          << type << " " << Describe(value);
+      EXPECT_EQ(ToHex(bytes), ToHex(is_own ? StoredInGeneral(value, type) : Bytes(kRoom, kFiller)))
+          << type << " " << Describe(value);
+    }
+  }
+}
+
 }  // namespace
 }  // namespace halyard::test

@@ -4,10 +4,23 @@
 #include "tests/support/definitions.h"
 #include "tests/support/encoding.h"
 #include "tests/support/foreign_definition.h"
+#include "tests/support/foreign_value.h"
 #include "tests/support/raised.h"
 
 namespace halyard::test {
 namespace {
+
+// An object that is the number 12, and makes a value a String when it is asked for it.
+class Retyping : public ForeignValue {
+ public:
+  Ptr<IValueBase> value;
+
+  HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
+                                   UINT*) override {
+    *result = I4(12).Detach();
+    return value->put_Info(SimpleDefinition(kString).get());
+  }
+};
 
 struct Row {
   SHORT type;
@@ -136,6 +149,22 @@ TEST(SimpleValueBuffer, ReadStringEndsAtAZeroButCountsAll) {
   EXPECT_EQ(ValueOf(value), "BSTR a");
 }
 
+TEST(SimpleValueBuffer, NumberInAStringIsATextOnceItWasWritten) {
+  const auto value = SimpleValue(kLong);
+  const auto object = NewForeign<Retyping>();
+  object->value = value;
+  PutValue(value, Variant(static_cast<IDispatch*>(object.get())));
+  EXPECT_EQ(Get(value, &IValueBase::get_Type), kString);
+  EXPECT_EQ(ValueOf(value), "I4 12");
+  EXPECT_EQ(PacketSize(value), 4u);
+  const Written cut = WriteTo(value, 3);
+  EXPECT_EQ(cut.outcome, TooShort());
+  EXPECT_EQ(ToHex(cut.bytes), "02 00 EE");
+  EXPECT_EQ(ValueOf(value), "I4 12");
+  EXPECT_EQ(Encoded(value), "02 00 31 32");
+  EXPECT_EQ(ValueOf(value), "BSTR 12");
+}
+
 TEST(SimpleValueBuffer, StringTravelsInNarrowCharacters) {
   const auto value = SimpleValue(kString);
   PutValue(value, Text(OLESTR("\u00E9\u20AC\u4E2D")));
@@ -154,6 +183,16 @@ TEST(SimpleValueBuffer, LongestStringOfTheLengthField) {
   const auto copy = SimpleValue(kString);
   EXPECT_EQ(ReadFrom(copy, written.bytes), Moved(65537));
   EXPECT_EQ(ValueOf(copy), ValueOf(value));
+}
+
+TEST(SimpleValueBuffer, LongerStringsWriteTheLowBitsOfTheirLength) {
+  const auto value = SimpleValue(kString);
+  PutValue(value, Variant(WideView(WideString(65536, 'x'))));
+  EXPECT_EQ(PacketSize(value), 65538u);
+  const Written written = WriteTo(value, 65538);
+  EXPECT_EQ(written.outcome, Moved(65538));
+  EXPECT_EQ(ToHex(Prefix(written.bytes, 3)), "00 00 78");
+  EXPECT_EQ(WriteTo(value, 65537).outcome, TooShort());
 }
 
 TEST(SimpleValueBuffer, NumbersDoNotLookAtTheBufferSize) {

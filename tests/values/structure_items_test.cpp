@@ -75,6 +75,19 @@ TEST_P(StructureItems, EachTypeIsStoredAndRead) {
   }
 }
 
+TEST_P(StructureItems, EachTypeIsStoredAndReadByPositionAsItIs) {
+  for (const TypeRow& row : TypeRows()) {
+    const auto source = Make({{OLESTR("m"), row.type, row.field_size}});
+    PutItem(source, OLESTR("m"), row.put);
+    const Variant own = Get(source, &IValueBase::get_Item, I4(0));
+    EXPECT_EQ(Describe(own), row.item);
+    const auto value = Make({{OLESTR("m"), row.type, row.field_size}});
+    EXPECT_EQ(value->put_Item(I4(0).get(), own.get()), S_OK) << row.item;
+    EXPECT_EQ(Describe(Get(value, &IValueBase::get_Item, I4(0))), row.item);
+    EXPECT_EQ(Block(value), row.bytes) << row.item;
+  }
+}
+
 TEST_P(StructureItems, FreshMembersAreZero) {
   const auto value = Make(
       {{OLESTR("n"), kLong}, {OLESTR("r"), kReal}, {OLESTR("d"), kDate}, {OLESTR("f"), kFixedString, 2}});
@@ -241,8 +254,8 @@ TEST_P(StructureItems, IdIsThatOfTheDefinition) {
 TEST_P(StructureItems, ConvertingAStructureFails) {
   const auto value = Make({{OLESTR("a"), kLong}});
   Variant converted;
-  EXPECT_TRUE(FAILED(ConvertObject(value.get(), VT_I4, &converted)));
-  EXPECT_TRUE(FAILED(ConvertObject(value.get(), VT_BSTR, &converted)));
+  EXPECT_EQ(ConvertObject(value.get(), VT_I4, &converted), DISP_E_TYPEMISMATCH);
+  EXPECT_EQ(ConvertObject(value.get(), VT_BSTR, &converted), DISP_E_TYPEMISMATCH);
 }
 
 TEST_P(StructureItems, NullOutPointersAreRejected) {

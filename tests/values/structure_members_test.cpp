@@ -84,7 +84,7 @@ TEST(StructureValueMembers, AtOfNoMemberIsNoObject) {
   EXPECT_EQ(value->get_At(I4(0).get(), nullptr), E_POINTER);
 }
 
-TEST(StructureValueMembers, NullReleasesTheObject) {
+TEST(StructureValueMembers, NullMemberShowsNoObject) {
   const auto value = Record();
   PutItem(value, OLESTR("s"), Variant::Null());
   EXPECT_EQ(Item(value, OLESTR("s")), "NULL");
@@ -150,8 +150,14 @@ TEST(StructureValueMembers, DispatchReplacesTheObjectItself) {
 TEST(StructureValueMembers, DispatchOfSomethingElseIsNoFailure) {
   const auto value = Record();
   const auto definition = SimpleDefinition(kLong);
-  EXPECT_EQ(TryPutItem(value, OLESTR("s"), Variant(static_cast<IDispatch*>(definition.get()))), S_OK);
-  EXPECT_EQ(TryPutItem(value, OLESTR("s"), Tagged(VT_DISPATCH)), S_OK);
+  const auto foreign = NewForeign<ForeignValue>();
+  foreign->query_status = E_ABORT;
+  for (const Variant& nothing : {Variant(static_cast<IDispatch*>(definition.get())), Tagged(VT_DISPATCH),
+                                 Variant(static_cast<IDispatch*>(foreign.get()))}) {
+    PutItem(value, OLESTR("s"), Text(OLESTR("hi")));
+    PutItem(value, OLESTR("s"), nothing);
+    EXPECT_EQ(Item(value, OLESTR("s")), "NULL");
+  }
 }
 
 TEST(StructureValueMembers, NestedStructureIsReachedAsAnObject) {

@@ -156,6 +156,7 @@ TEST(ArrayBytes, CutReadingKeepsTheCountAndWhatArrived) {
   EXPECT_EQ(Count(array), 5);
   EXPECT_EQ(X(array, 0), "I4 10");
   EXPECT_EQ(X(array, 1), "I4 20");
+  EXPECT_TRUE(At(array, 2)) << "the element at which the reading stopped";
   EXPECT_FALSE(At(array, 3));
   EXPECT_FALSE(At(array, 4));
 }
@@ -183,9 +184,8 @@ TEST(ArrayBytes, CountOfFourThousandMillionIsKeptWithoutItsMemory) {
   EXPECT_EQ(X(array, 0), "I4 10");
   EXPECT_FALSE(At(array, 1000000000));
   Ptr<IValueBase> copy;
-  EXPECT_TRUE(FAILED(array->Copy(copy.Out())));
-  const Written written = WriteTo(array, 64);
-  EXPECT_TRUE(FAILED(written.outcome.status) || written.outcome.result == VARIANT_FALSE);
+  EXPECT_TRUE(Raises(E_POINTER, [&] { return array->Copy(copy.Out()); }));
+  EXPECT_EQ(WriteTo(array, 64).outcome, (Outcome{E_POINTER, VARIANT_FALSE, kUntouched}));
   EXPECT_EQ(array->Remove(I4(0).get()), S_OK);
   EXPECT_EQ(static_cast<ULONG>(Count(array)), 3999999999u);
   EXPECT_EQ(array->RemoveAll(), S_OK);

@@ -75,7 +75,13 @@ TEST(ArrayDefinitionOfAnArray, WithoutAnElementDefinitionAFixedArrayFails) {
   const auto definition = CreateObject<IArrayDef>(kArrayInfoClass);
   EXPECT_EQ(Untyped()->put_Info(definition.get()), S_OK);
   EXPECT_EQ(definition->put_ElementCount(2), S_OK);
-  EXPECT_TRUE(Raises(E_POINTER, [&] { return Untyped()->put_Info(definition.get()); }));
+  const auto array = Untyped();
+  EXPECT_TRUE(Raises(E_POINTER, [&] { return array->put_Info(definition.get()); }));
+  // It is typed all the same: only its elements are missing.
+  EXPECT_EQ(Count(array), 2);
+  EXPECT_TRUE(SameObject(Get(array, &IValueBase::get_Info).get(), definition.get()));
+  EXPECT_FALSE(At(array, 0));
+  EXPECT_FALSE(At(array, 1));
 }
 
 TEST(ArrayDefinitionOfAnArray, DefinitionOfSomebodyElseIsInvalid) {

@@ -163,6 +163,28 @@ TEST(Array, PutItemRaisesAFailingQuery) {
   EXPECT_TRUE(Raises(E_ABORT, [&] { return TryPutItem(array, 0, content); }));
 }
 
+// A value that empties an array as soon as it is asked what it is.
+class Emptying : public ForeignValue {
+ public:
+  Ptr<IArray> array;
+
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID riid, void** ppvObject) override {
+    if (array && riid == IidOf<IValueBase>) {
+      EXPECT_EQ(array->RemoveAll(), S_OK);
+    }
+    return ForeignValue::QueryInterface(riid, ppvObject);
+  }
+};
+
+TEST(Array, PutItemOfAnObjectThatEmptiesTheArrayIsInvalid) {
+  const auto array = PointsAt({1, 2});
+  const auto object = NewForeign<Emptying>();
+  object->array = array;
+  const Variant content(static_cast<IDispatch*>(object.get()));
+  EXPECT_TRUE(Raises(E_INVALIDARG, [&] { return TryPutItem(array, 1, content); }));
+  EXPECT_EQ(Count(array), 0);
+}
+
 TEST(Array, AddSharesAnObjectOfTheElementTypeAndId) {
   for (const SHORT id : {SHORT{0}, SHORT{33}}) {
     const auto definition = Point(id);
@@ -204,7 +226,7 @@ TEST(Array, FreshElementTakesTheNumberOfTheObject) {
 
 TEST(Array, AddOfAnObjectThatTheElementCannotTakeAppendsNothing) {
   const auto colours = Colours();
-  EXPECT_TRUE(FAILED(colours->Add(Object(PointAt(1)).get())));
+  EXPECT_TRUE(Raises(DISP_E_TYPEMISMATCH, [&] { return colours->Add(Object(PointAt(1)).get()); }));
   EXPECT_EQ(Count(colours), 0);
 }
 
