@@ -3,40 +3,10 @@
 
 #include <random>
 
-#include "tests/tools/support/run_tool.h"
+#include "tests/tools/support/imported.h"
 
 namespace halyard::test {
 namespace {
-
-// Imports a table with further arguments and answers what `verb` says of the file.
-class Imported {
- public:
-  explicit Imported(const std::string& table, std::vector<std::string> arguments = {})
-      : file_(folder_.File("t.orm")) {
-    arguments.insert(arguments.begin(), {"import", folder_.Make("table.csv", table), "-o", file_});
-    outcome_ = RunTool(arguments);
-    EXPECT_EQ(outcome_.code, 0) << outcome_.err;
-  }
-
-  [[nodiscard]] std::string Says(std::vector<std::string> arguments) const {
-    arguments.push_back(file_);
-    const Outcome outcome = RunTool(arguments);
-    EXPECT_EQ(outcome.code, 0) << outcome.err;
-    return outcome.out;
-  }
-  [[nodiscard]] std::string Exported(std::vector<std::string> arguments = {}) const {
-    arguments.insert(arguments.begin(), "export");
-    return Says(arguments);
-  }
-  [[nodiscard]] const Outcome& outcome() const noexcept { return outcome_; }
-  [[nodiscard]] const std::string& file() const noexcept { return file_; }
-  [[nodiscard]] const Folder& folder() const noexcept { return folder_; }
-
- private:
-  Folder folder_;
-  std::string file_;
-  Outcome outcome_;
-};
 
 void ExpectRoundTrip(const std::string& table, const std::vector<std::string>& arguments = {}) {
   EXPECT_EQ(Imported(table, arguments).Exported(), table);
@@ -114,33 +84,10 @@ TEST(Import, MakesOneArrayOnRequest) {
   EXPECT_EQ(imported.Says({"cat", "-m", "a"}).substr(0, 20), "table\n   #    a\n3[0]");
 }
 
-TEST(Import, TakesTheDefinitionOfAnotherFile) {
-  const Imported first("a,b\n1,x\n2,y\n", {"--type", "a=Long", "--type", "b=FixedString(4)"});
-  const std::string table = first.folder().Make("second.csv", "B,A\nlong,70000\n,5\n");
-  const std::string out = first.folder().File("second.orm");
-  const Outcome outcome = RunTool({"import", "--like", first.file(), table, "-o", out});
-  EXPECT_EQ(outcome.code, 0) << outcome.err;
-  EXPECT_EQ(RunTool({"export", out}).out, "a,b\r\n70000,long\r\n5,\"\"\r\n");
-  const std::string wide = first.folder().Make("wide.csv", "a,b\n1,toolong\n");
-  const Outcome refused = RunTool({"import", "--like", first.file(), wide, "-o", out});
-  EXPECT_EQ(refused.code, 1);
-  EXPECT_NE(refused.err.find("wide.csv: line 2: column b: 'toolong' has 7 bytes, and there is room for 4"),
-            std::string::npos)
-      << refused.err;
-}
-
-TEST(Import, LeavesOutWhatTheTableLacks) {
-  const Imported first("a,b,c\n1,x,5\n2,y,\n");
-  const std::string table = first.folder().Make("second.csv", "a\n7\n");
-  const std::string out = first.folder().File("second.orm");
-  EXPECT_EQ(RunTool({"import", "--like", first.file(), table, "-o", out}).code, 0);
-  EXPECT_EQ(RunTool({"cat", "--json", out}).out, "{\"a\":7,\"b\":\"\",\"c\":null}\n");
-}
-
 TEST(Import, NamesLineAndColumnOfWhatDoesNotFit) {
   const Folder folder;
   const std::vector<std::pair<std::string, std::string>> cases = {
-      {"a,b\n1\n", "line 2: there are 1 fields instead of 2"},
+      {"a,b\n1\n", "line 2: 1 field instead of 2; is the delimiter right?"},
       {"a\n\"x\n", "line 2: a quoted field has no closing quote"},
       {"a\n\"x\"y\n", "line 2: there is text behind the closing quote of a field"},
       {"a\nx\xFFy\n", "line 2: a text is not UTF-8; is --table-encoding windows-1252 right?"},

@@ -37,6 +37,11 @@ bool TakeDigits(std::string_view& text, std::size_t count, WORD& number) {
   return true;
 }
 
+bool IsSameTime(const SYSTEMTIME& a, const SYSTEMTIME& b) {
+  return a.wYear == b.wYear && a.wMonth == b.wMonth && a.wDay == b.wDay && a.wHour == b.wHour &&
+         a.wMinute == b.wMinute && a.wSecond == b.wSecond;
+}
+
 bool TakeMark(std::string_view& text, std::string_view marks) {
   if (text.empty() || marks.find(text.front()) == std::string_view::npos) return false;
   text.remove_prefix(1);
@@ -105,6 +110,9 @@ std::optional<DATE> ParseDate(std::string_view text) {
   }
   DATE date = 0;
   if (SystemTimeToVariantTime(&t, &date) == 0) return std::nullopt;
+  // The conversion makes 1 March of 30 February, and 2001 of the year 1.
+  SYSTEMTIME stored{};
+  if (!SplitDate(date, stored) || !IsSameTime(stored, t)) return std::nullopt;
   return date;
 }
 

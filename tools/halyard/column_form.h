@@ -36,7 +36,7 @@ struct ColumnForm {
 };
 
 // A date or a date and time as tables write them ("2004-03-15", with " 12:30:45" or
-// "T12:30:45" behind it); none for any other text.
+// "T12:30:45" behind it); none for any other text, and for a time that no calendar has.
 std::optional<DATE> ParseDate(std::string_view text);
 
 // The whole text as a number; none where it is anything else, or infinite.

@@ -104,9 +104,11 @@ ColumnType ColumnGuess::Result() const {
   } else if (is_number_) {
     result.remark = fmt::format("numbers kept as texts: '{}' would not come back as it is",
                                 Shortened(odd_number_, kShownText));
+    result.odd_type = "Real";
   } else if (is_date_) {
     result.remark = fmt::format("dates kept as texts: '{}' would not come back as it is",
                                 Shortened(odd_date_, kShownText));
+    result.odd_type = "Date";
   }
   return result;
 }

@@ -2,6 +2,7 @@
 // which every text comes back as it was.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <set>
@@ -21,12 +22,17 @@ struct ColumnType {
   ColumnForm form;
   std::vector<std::string> elements;  // of an enumeration, in the order of their numbers
   std::string remark;                 // why numbers or dates were kept as texts
+  std::string odd_type;               // and the type of theirs that a person may still want
 };
+
+// A definition counts the elements of an enumeration in 16 bits.
+inline constexpr std::size_t kMostElements = 65535;
 
 class ColumnGuess {
  public:
-  // `most_elements` texts at most make an enumeration; 0 for none.
-  explicit ColumnGuess(std::size_t most_elements) : most_elements_(most_elements) {}
+  // `most_elements` texts at most make an enumeration, kMostElements of them where that is
+  // less; 0 for none.
+  explicit ColumnGuess(std::size_t most_elements) : most_elements_(std::min(most_elements, kMostElements)) {}
 
   void Take(const CsvField& field);
 

@@ -43,12 +43,12 @@ void Command::Option(const Wanted& wanted, std::vector<std::string>& targets) {
   Described(app_.get().add_option(wanted.names, targets), wanted).allow_extra_args(false);
 }
 
-void Command::Option(const Wanted& wanted, std::uint64_t& target) {
-  Option(wanted, [&target](const std::string& text) {
+void Command::Option(const Wanted& wanted, std::uint64_t& target, std::uint64_t most) {
+  Option(wanted, [&target, most](const std::string& text) {
     const char* end = text.data() + text.size();
     const auto result = std::from_chars(text.data(), end, target);
-    const bool is_number = result.ec == std::errc() && result.ptr == end;
-    return is_number ? std::string() : "'" + text + "' is no number from 0 to 18446744073709551615";
+    const bool is_number = result.ec == std::errc() && result.ptr == end && target <= most;
+    return is_number ? std::string() : fmt::format("'{}' is no number from 0 to {}", text, most);
   });
 }
 

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <limits>
 #include <string>
 #include <utility>
 #include <vector>
@@ -42,10 +43,12 @@ class Command {
   // An option that must be there.
   void NeedOption(const Wanted& wanted, std::string& target);
 
-  // An option that may be there, once or, for several texts, more often.
+  // An option that may be there, once or, for several texts, more often. A number is `most`
+  // or less.
   void Option(const Wanted& wanted, std::string& target);
   void Option(const Wanted& wanted, std::vector<std::string>& targets);
-  void Option(const Wanted& wanted, std::uint64_t& target);
+  void Option(const Wanted& wanted, std::uint64_t& target,
+              std::uint64_t most = std::numeric_limits<std::uint64_t>::max());
 
   // An option whose text somebody else takes: `take` answers what is wrong with it, or an
   // empty text.

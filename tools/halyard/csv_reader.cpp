@@ -4,7 +4,6 @@
 
 #include "tools/halyard/ascii.h"
 #include "tools/halyard/counts.h"
-#include "tools/halyard/failure.h"
 #include "tools/halyard/unicode.h"
 
 namespace halyard::tool {
@@ -120,8 +119,13 @@ void CsvReader::CheckLength(const std::string& bytes) const {
   }
 }
 
-void CsvReader::Fail(const std::string& what) const {
-  throw Failure(ExitCode::kFaults, fmt::format("{}: line {}: {}", input_.name(), Grouped(line_), what));
+void CsvReader::RequireFields(std::size_t count, std::size_t wanted) const {
+  if (count != wanted)
+    Fail(fmt::format("{} instead of {}; is the delimiter right?", Counted(count, "field"), Grouped(wanted)));
+}
+
+void CsvReader::Fail(const std::string& what, ExitCode code) const {
+  throw Failure(code, fmt::format("{}: line {}: {}", input_.name(), Grouped(line_), what));
 }
 
 }  // namespace halyard::tool

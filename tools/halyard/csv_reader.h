@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "tools/halyard/failure.h"
 #include "tools/halyard/input.h"
 #include "tools/halyard/text.h"
 
@@ -37,7 +38,10 @@ class CsvReader {
   [[nodiscard]] bool has_bare_line_feeds() const noexcept { return has_bare_line_feeds_; }
 
   // Throws Failure with file, line and fault.
-  [[noreturn]] void Fail(const std::string& what) const;
+  [[noreturn]] void Fail(const std::string& what, ExitCode code = ExitCode::kFaults) const;
+
+  // Fails where the row has another number of fields than it must have.
+  void RequireFields(std::size_t count, std::size_t wanted) const;
 
  private:
   int Peek();

@@ -87,6 +87,7 @@ class PathWalker {
     next.steps.push_back(part.indices.front());
     next.title += fmt::format("[{}]", part.indices.front());
     next.definition = here.definition->element;
+    next.can_be_null = false;
     return next;
   }
 
@@ -101,6 +102,7 @@ class PathWalker {
     next.steps.push_back(static_cast<LONG>(member - members.begin()));
     next.title += here.title.empty() ? member->name : "." + member->name;
     next.definition = member->definition;
+    next.can_be_null = member->can_be_null;
     return next;
   }
 
@@ -124,6 +126,7 @@ void AddPaths(const MemberPath& path, int depth, std::vector<MemberPath>& paths)
     next.steps.push_back(static_cast<LONG>(i));
     next.title += path.title.empty() ? members[i].name : "." + members[i].name;
     next.definition = members[i].definition;
+    next.can_be_null = members[i].can_be_null;
     AddPaths(next, depth + 1, paths);
   }
 }

@@ -21,6 +21,7 @@ struct MemberPath {
   std::string title;         // the path as people read it
   std::vector<LONG> steps;   // a member's position, or an element's
   DefinitionPtr definition;  // of the part
+  bool can_be_null = false;  // the part is a member that can be left out
 };
 
 // The parts of a row that a path names, for values of the definition. Throws Failure

@@ -26,7 +26,7 @@ class RowBuilder {
 
   DefinitionPtr definition_;
   std::vector<MemberPath> columns_;
-  std::vector<MemberPath> absent_;  // the parts that no column fills: null where they can be
+  std::vector<MemberPath> absent_;  // the members that no column fills: null where they can be
 };
 
 }  // namespace halyard::tool

@@ -17,15 +17,28 @@ constexpr SHORT kArrayId = 1;
 constexpr std::size_t kLongestText = 65535;
 constexpr ULONG kLargestSize = 65535;
 
-Bstr Name(const std::string& text) {
+// What has a name, for people, and what they can do where it cannot be stored.
+struct Named {
+  const char* what;
+  const char* remedy;
+};
+
+constexpr Named kDefinition = {"the name of the definition", "; --name gives it another name"};
+constexpr Named kColumn = {"the name of a column", ""};
+constexpr Named kElement = {"an element of an enumeration", ""};
+
+Bstr Name(const std::string& text, const Named& named) {
   const auto name = ToLibrary(text);
+  if (!name && !Encoded(text, TextForm::kUtf8))
+    throw Failure(ExitCode::kUsage, fmt::format("{}, '{}', is not UTF-8{}", named.what, text, named.remedy));
   if (!name) {
     throw Failure(ExitCode::kUsage,
-                  fmt::format("the name '{}' has no place in {}; --encoding utf-8 has one for every text",
-                              text, TextFormName()));
+                  fmt::format("{}, '{}', has no place in {}; --encoding utf-8 has one for every text{}",
+                              named.what, text, TextFormName(), named.remedy));
   }
   if (name->size() > kLongestText)
-    throw Failure(ExitCode::kUsage, "the name of a column is longer than 65,535 bytes");
+    throw Failure(ExitCode::kUsage,
+                  fmt::format("{} is longer than 65,535 bytes{}", named.what, named.remedy));
   return Bstr(*name);
 }
 
@@ -36,11 +49,12 @@ SHORT NumberTypeFor(std::size_t elements) {
 
 Ptr<IDispatch> DefineEnumeration(const std::string& name, const std::vector<std::string>& elements) {
   const auto enumeration = CreateObject<IEnumerationDef>(kEnumerationInfoClass);
-  Check(enumeration->put_Name(Name(name).get()), enumeration);
+  Check(enumeration->put_Name(Name(name, kColumn).get()), enumeration);
   Check(enumeration->put_DataType(NumberTypeFor(elements.size())), enumeration);
   VARIANT_BOOL done = VARIANT_FALSE;
   for (std::size_t i = 0; i < elements.size(); ++i) {
-    Check(enumeration->AddMember(Name(elements[i]).get(), static_cast<LONG>(i), &done), enumeration);
+    Check(enumeration->AddMember(Name(elements[i], kElement).get(), static_cast<LONG>(i), &done),
+          enumeration);
   }
   return enumeration;
 }
@@ -48,9 +62,10 @@ Ptr<IDispatch> DefineEnumeration(const std::string& name, const std::vector<std:
 void AddColumn(const Ptr<IStructureDef>& row, const std::string& name, const ColumnType& type, LONG index) {
   VARIANT_BOOL done = VARIANT_FALSE;
   if (type.type == kEnumeration) {
-    Check(row->AddMember(Name(name).get(), DefineEnumeration(name, type.elements).get(), &done), row);
+    Check(row->AddMember(Name(name, kColumn).get(), DefineEnumeration(name, type.elements).get(), &done),
+          row);
   } else {
-    Check(row->AddSimpleMemberSized(Name(name).get(), type.type,
+    Check(row->AddSimpleMemberSized(Name(name, kColumn).get(), type.type,
                                     static_cast<SHORT>(static_cast<USHORT>(type.size)), &done),
           row);
   }
@@ -62,7 +77,7 @@ void AddColumn(const Ptr<IStructureDef>& row, const std::string& name, const Col
 Ptr<IValueDefBase> DefineRows(const std::string& name, const std::vector<std::string>& columns,
                               const std::vector<ColumnType>& types) {
   const auto row = CreateObject<IStructureDef>(kStructureInfoClass);
-  Check(row->put_Name(Name(name).get()), row);
+  Check(row->put_Name(Name(name, kDefinition).get()), row);
   Check(row->put_Id(kRowId), row);
   ULONG size = 0;
   for (std::size_t i = 0; i < columns.size(); ++i) {
@@ -83,7 +98,7 @@ Ptr<IValueDefBase> DefineRows(const std::string& name, const std::vector<std::st
 
 Ptr<IValueDefBase> DefineArray(const std::string& name, const Ptr<IValueDefBase>& row) {
   const auto array = CreateObject<IArrayDef>(kArrayInfoClass);
-  Check(array->put_Name(Name(name).get()), array);
+  Check(array->put_Name(Name(name, kDefinition).get()), array);
   Check(array->put_Id(kArrayId), array);
   Check(array->put_ValueType(row.get()), array);
   ULONG size = 0;

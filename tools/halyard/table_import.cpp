@@ -2,8 +2,11 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
 #include "tools/halyard/client.h"
 #include "tools/halyard/column_paths.h"
+#include "tools/halyard/counts.h"
 #include "tools/halyard/failure.h"
 #include "tools/halyard/progress.h"
 #include "tools/halyard/row_builder.h"
@@ -14,6 +17,8 @@
 
 namespace halyard::tool {
 namespace {
+
+constexpr std::size_t kShownMembers = 5;  // in a remark
 
 // Writes rows as they come, each a record, or gathers them in one array.
 class RowWriter {
@@ -110,9 +115,24 @@ void TableImport::PlanLike() {
                               "them, and {} is {}",
                               options_.like, definition_->Title(), definition_->TypeText()));
   }
-  ColumnPaths columns(row, options_.form.has_no_header);
+  ColumnPaths columns(row, options_.like, options_.form.has_no_header);
   ReadRows("look at", columns);
   columns_ = columns.Take();
+  RemarkAbsent(row);
+}
+
+// Members that can be null are null where no column fills them. Others hold what nobody wrote.
+void TableImport::RemarkAbsent(const DefinitionPtr& row) const {
+  std::vector<MemberPath> absent = AbsentMembers(row, columns_);
+  std::erase_if(absent, [](const MemberPath& path) { return path.can_be_null; });
+  if (absent.empty()) return;
+  std::string names;
+  for (std::size_t i = 0; i < std::min(absent.size(), kShownMembers); ++i)
+    names += (i == 0 ? "" : ", ") + absent[i].title;
+  if (absent.size() > kShownMembers)
+    names += fmt::format(" and {} more", Grouped(absent.size() - kShownMembers));
+  remark_(fmt::format("{}: no column fills {} of {}; they cannot be null and become zero or empty",
+                      input_.name(), names, row->Title()));
 }
 
 void TableImport::Plan() { options_.like.empty() ? PlanByGuess() : PlanLike(); }

@@ -48,6 +48,7 @@ class TableImport {
   [[nodiscard]] std::vector<std::string> Columns(const CsvRow& first) const;
   void PlanByGuess();
   void PlanLike();
+  void RemarkAbsent(const DefinitionPtr& row) const;
 
   const ImportOptions& options_;
   Input& input_;

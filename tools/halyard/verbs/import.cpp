@@ -2,6 +2,7 @@
 #include <filesystem>
 #include <memory>
 
+#include "tools/halyard/column_guess.h"
 #include "tools/halyard/table_import.h"
 #include "tools/halyard/verb.h"
 
@@ -58,7 +59,7 @@ Verb AddImport(CLI::App& program) {
   command.Option({"--type", "COLUMN=TYPE", "The type of a column, as Price=Real or Code=FixedString(8)"},
                  options->import.types);
   command.Option({"--enumerations", "N", "Make enumerations of columns with at most N different texts"},
-                 options->import.most_elements);
+                 options->import.most_elements, kMostElements);
   command.Flag({"--array", "", "One array value that holds all rows, instead of a record for each"},
                options->import.as_array);
   command.Option({"--like", "FILE", "Take the definition from this file"}, options->import.like);
