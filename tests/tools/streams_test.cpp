@@ -88,6 +88,43 @@ TEST(Streams, OutputKeepsTheModeAndFollowsLinks) {
             std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
 }
 
+// What replaces a private file may be no less private before it takes its place. A program
+// that is killed leaves its unfinished file behind.
+TEST(Streams, AnUnfinishedOutputIsPrivate) {
+  const Folder folder;
+  const std::string file = folder.Make("a.orm", StationFile(200000));
+  Setting setting;
+  setting.interrupt = SIGKILL;
+  setting.interrupt_folder = folder.path().string();
+  ASSERT_EQ(RunTool({"export", file, "-o", folder.File("out.csv")}, setting).code, 128 + SIGKILL);
+  ASSERT_EQ(folder.Names(), (std::vector<std::string>{".halyard-0.part", "a.orm"}));
+  EXPECT_EQ(std::filesystem::status(folder.File(".halyard-0.part")).permissions(),
+            std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+}
+
+TEST(Streams, ANewOutputHasTheModeOfNewFiles) {
+  const Folder folder;
+  const std::string line = "umask 027; $HALYARD filter " + folder.Make("a.orm", StationFile(1)) + " -o " +
+                           folder.File("out.orm") + "; stat -c %a " + folder.File("out.orm");
+  EXPECT_EQ(RunShell(line).out, "640\n");
+}
+
+TEST(Streams, WhatIsReadTwiceIsKeptWhereThePersonSays) {
+  const Folder folder;
+  Setting setting;
+  setting.input = StationFile(1);
+  setting.environment = {"TMPDIR=" + folder.path().string()};
+  EXPECT_EQ(RunTool({"recover", "-", "-o", folder.File("out.orm")}, setting).code, 0);
+  EXPECT_EQ(folder.Names(), std::vector<std::string>{"out.orm"});
+  setting.environment = {"TMPDIR=" + folder.File("no")};
+  const Outcome outcome = RunTool({"recover", "-", "-o", folder.File("out.orm")}, setting);
+  EXPECT_EQ(outcome.code, 3);
+  EXPECT_EQ(
+      outcome.err,
+      "halyard: no temporary file can be made: No such file or directory; set TMPDIR to a folder that has "
+      "room and that you may write to\n");
+}
+
 TEST(Streams, AFolderThatIsNotThereIsTold) {
   const Folder folder;
   const Outcome outcome =

@@ -26,6 +26,11 @@ std::string Remedy(int error) {
   }
 }
 
+std::string TemporaryFolderRemedy() {
+  return std::string("; set ") + kTemporaryFolderVariable +
+         " to a folder that has room and that you may write to";
+}
+
 [[noreturn]] void CannotRead(const std::string& name, int error) {
   throw Failure(ExitCode::kInputOutput, name + ": cannot be read: " + ReasonText(error) + Remedy(error));
 }
@@ -131,7 +136,8 @@ void Input::MakeSeekable() {
   if (size_) return;
   const int copy = CreateNameless();
   if (copy == kNoDescriptor) {
-    throw Failure(ExitCode::kInputOutput, "no temporary file can be made: " + ReasonText(errno));
+    throw Failure(ExitCode::kInputOutput,
+                  "no temporary file can be made: " + ReasonText(errno) + TemporaryFolderRemedy());
   }
   while (Fill() != 0) {
     for (std::size_t done = 0; done < end_;) {
@@ -139,8 +145,8 @@ void Input::MakeSeekable() {
       if (count < 0) {
         const int error = errno;
         CloseDescriptor(copy);
-        throw Failure(ExitCode::kInputOutput, "the temporary file cannot be written: " + ReasonText(error) +
-                                                  "; free some space or set TMPDIR to another folder");
+        throw Failure(ExitCode::kInputOutput,
+                      "the temporary file cannot be written: " + ReasonText(error) + TemporaryFolderRemedy());
       }
       done += static_cast<std::size_t>(count);
     }

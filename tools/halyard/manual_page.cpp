@@ -90,7 +90,8 @@ std::string ManualPage(const CLI::App& program) {
       "the program with this status and without a word.\n"
       ".SH ENVIRONMENT\n.TP\n.B NO_COLOR\nNo colours, also on a terminal.\n.TP\n.B TMPDIR\nWhere input from "
       "a pipe that "
-      "has to be read twice is kept meanwhile.\n";
+      "has to be read twice is kept meanwhile; \\fI/tmp\\fR unless set. On Windows \\fBTMP\\fR names that "
+      "folder.\n";
   return text;
 }
 

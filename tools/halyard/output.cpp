@@ -130,15 +130,12 @@ void Output::WriteThrough(std::span<const unsigned char> bytes) {
 void Output::Finish() {
   Flush();
   if (temporary_.empty()) return;
+  TakePermissions(descriptor_, target_);
   if (!FlushToDisk(descriptor_)) CannotWrite(errno);
   CloseDescriptor(descriptor_);
   descriptor_ = kNoDescriptor;
   std::error_code error;
-  const fs::path target = PathOf(target_);
-  const fs::file_status status = fs::status(target, error);
-  if (fs::exists(status)) fs::permissions(PathOf(temporary_), status.permissions(), error);
-  error.clear();
-  fs::rename(PathOf(temporary_), target, error);
+  fs::rename(PathOf(temporary_), PathOf(target_), error);
   if (error) CannotWrite(error.default_error_condition().value());
   temporary_.clear();
   RemoveOnInterrupt("", kNoDescriptor);

@@ -3,7 +3,8 @@
 //
 // A file is written under another name in the same folder and takes its place when
 // Finish is called. Until then, and after any failure or interrupt, what stood under the
-// name is as it was, so an input may be named as the output as well.
+// name is as it was, so an input may be named as the output as well. Only its owner may open
+// the unfinished file; the whole one has the permissions of what it replaces.
 #pragma once
 
 #include <cstdint>

@@ -30,12 +30,19 @@ int OpenToRead(const std::string& name) noexcept;
 // Opens something that exists and is no regular file (a device, a named pipe).
 int OpenToWrite(const std::string& name) noexcept;
 
-// Makes a file that must not exist yet; only the first of two callers gets it.
+// Makes a file that must not exist yet; only the first of two callers gets it. Where the
+// system has permissions, only its owner may open it.
 int CreateNew(const std::string& name) noexcept;
 
+// Gives a file that CreateNew made the permissions of the one that it replaces, or those of
+// any new file where there is none.
+void TakePermissions(int descriptor, const std::string& replaced) noexcept;
+
 // Makes an empty file without a name, for reading and writing, which is gone when it is
-// closed.
+// closed. It lies in the folder for temporary files, which a variable of the environment
+// names.
 int CreateNameless() noexcept;
+extern const char kTemporaryFolderVariable[];
 
 void CloseDescriptor(int descriptor) noexcept;
 

@@ -6,20 +6,28 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 namespace halyard::tool {
 namespace {
 
 constexpr mode_t kReadWriteForAll = 0666;
+constexpr mode_t kReadWriteForOwner = 0600;
+constexpr mode_t kPermissions = 07777;
 
-int OpenWith(const std::string& name, int flags) noexcept {
+int OpenWith(const std::string& name, int flags, mode_t mode = 0) noexcept {
   int descriptor = kNoDescriptor;
   do {
-    descriptor = open(name.c_str(), flags | O_CLOEXEC, kReadWriteForAll);
+    descriptor = open(name.c_str(), flags | O_CLOEXEC, mode);
   } while (descriptor < 0 && errno == EINTR);
   return descriptor;
+}
+
+mode_t PermissionsOfNewFiles() noexcept {
+  const mode_t mask = umask(kPermissions);
+  umask(mask);
+  return kReadWriteForAll & ~mask;
 }
 
 bool IsDirectory(int descriptor) noexcept {
@@ -41,13 +49,25 @@ int OpenToRead(const std::string& name) noexcept {
 
 int OpenToWrite(const std::string& name) noexcept { return OpenWith(name, O_WRONLY); }
 
-int CreateNew(const std::string& name) noexcept { return OpenWith(name, O_WRONLY | O_CREAT | O_EXCL); }
+int CreateNew(const std::string& name) noexcept {
+  return OpenWith(name, O_WRONLY | O_CREAT | O_EXCL, kReadWriteForOwner);
+}
+
+void TakePermissions(int descriptor, const std::string& replaced) noexcept {
+  struct stat status {};
+  const bool is_there = stat(replaced.c_str(), &status) == 0;
+  // Where that cannot be done the file stays private.
+  static_cast<void>(fchmod(descriptor, is_there ? status.st_mode & kPermissions : PermissionsOfNewFiles()));
+}
+
+const char kTemporaryFolderVariable[] = "TMPDIR";
 
 int CreateNameless() noexcept {
-  std::FILE* file = std::tmpfile();
-  if (file == nullptr) return kNoDescriptor;
-  const int descriptor = dup(fileno(file));
-  std::fclose(file);
+  const char* folder = std::getenv(kTemporaryFolderVariable);
+  std::string name = folder != nullptr && *folder != '\0' ? folder : "/tmp";
+  name += "/halyard-XXXXXX";
+  const int descriptor = mkostemp(name.data(), O_CLOEXEC);
+  if (descriptor >= 0) unlink(name.c_str());
   return descriptor;
 }
 

@@ -49,6 +49,12 @@ int OpenToWrite(const std::string& name) noexcept { return OpenWith(name, _O_WRO
 
 int CreateNew(const std::string& name) noexcept { return OpenWith(name, _O_WRONLY | _O_CREAT | _O_EXCL); }
 
+// A new file has the permissions that its folder hands down, and what it replaces must not
+// be read-only.
+void TakePermissions(int, const std::string&) noexcept {}
+
+const char kTemporaryFolderVariable[] = "TMP";
+
 int CreateNameless() noexcept {
   wchar_t folder[MAX_PATH + 1] = {};
   wchar_t name[MAX_PATH + 1] = {};
