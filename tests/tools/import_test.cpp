@@ -1,4 +1,4 @@
-// halyard import and export: tables become files, and the same tables again.
+// halyard import: tables become files, and export gives the same tables again.
 #include <gtest/gtest.h>
 
 #include <random>
@@ -7,10 +7,6 @@
 
 namespace halyard::test {
 namespace {
-
-void ExpectRoundTrip(const std::string& table, const std::vector<std::string>& arguments = {}) {
-  EXPECT_EQ(Imported(table, arguments).Exported(), table);
-}
 
 TEST(Import, FindsTheNarrowestTypes) {
   const std::string defs =
@@ -132,45 +128,6 @@ TEST(Import, TakesOtherDelimitersAndNoHeader) {
 
 TEST(Import, ReadsAPipeAndWritesOne) {
   EXPECT_EQ(RunShell("printf 'a,b\\n1,x\\n' | $HALYARD import - -o - | $HALYARD export -").out, "a,b\n1,x\n");
-}
-
-TEST(Export, WritesRawNumbers) {
-  const Imported imported("a,b\n1,0.5\n300,-2\n-1,1.75\n");
-  EXPECT_EQ(imported.Says({"export", "--raw", "Long", "-m", "a"}),
-            std::string("\1\0\0\0\x2C\1\0\0\xFF\xFF\xFF\xFF", 12));
-  EXPECT_EQ(imported.Says({"export", "--raw", "shortreal", "-m", "b"}),
-            std::string("\0\0\0\x3F\0\0\0\xC0\0\0\xE0\x3F", 12));
-  EXPECT_EQ(imported.Says({"export", "--raw", "Short", "-m", "[b,a]"}),
-            std::string("\0\0\1\0\xFE\xFF\x2C\1\1\0\xFF\xFF", 12));
-  const Imported array("a,b\n1,0.5\n300,-2\n", {"--array"});
-  EXPECT_EQ(array.Says({"export", "--raw", "Word", "-m", "a"}), std::string("\1\0\x2C\1", 4));
-}
-
-TEST(Export, KeepsTheColumnsOfATableWithoutRows) {
-  ExpectRoundTrip("a,b\n");
-  ExpectRoundTrip("a,b\r\n", {"--array"});
-}
-
-TEST(Export, RefusesRawNumbersThatAreMissing) {
-  const Imported imported("a,b\n1,x\n,y\n3,z\n");
-  const Outcome outcome = RunTool({"export", "--raw", "Long", "-m", "a", imported.file()});
-  EXPECT_EQ(outcome.code, 2);
-  EXPECT_NE(outcome.err.find("record 4: there is no a, and raw numbers have no gaps"), std::string::npos)
-      << outcome.err;
-}
-
-TEST(Export, RefusesRawNumbersThatAreNone) {
-  const Imported imported("a,b\n1,x\n");
-  for (const std::vector<std::string>& arguments : {std::vector<std::string>{"--raw", "Long", "-m", "c"},
-                                                    {"--raw", "Long", "-m", "b"},
-                                                    {"--raw", "Float", "-m", "a"},
-                                                    {"--raw", "Long"},
-                                                    {"--raw", "Long", "-m", "a", "-m", "b"}}) {
-    std::vector<std::string> all = {"export", imported.file(), "-o", imported.folder().File("n")};
-    all.insert(all.end(), arguments.begin(), arguments.end());
-    EXPECT_EQ(RunTool(all).code, 2);
-  }
-  EXPECT_EQ(imported.folder().Names(), (std::vector<std::string>{"t.orm", "table.csv"}));
 }
 
 // Tables of all kinds of fields, made at random from a fixed seed.

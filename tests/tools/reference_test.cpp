@@ -1,4 +1,4 @@
-// Help, the manual page, the completion script, and what is said about wrong arguments.
+// Help, the manual page, the completion script, and pictures of definitions.
 #include <gtest/gtest.h>
 
 #include "tests/tools/support/run_tool.h"
@@ -25,33 +25,6 @@ TEST(Reference, HelpOfEveryVerbHasExamples) {
     EXPECT_EQ(outcome.code, 0) << verb;
     EXPECT_NE(outcome.out.find("Examples:\n  halyard " + verb), std::string::npos) << outcome.out;
   }
-}
-
-TEST(Reference, WrongArgumentsAreUsage) {
-  const Folder folder;
-  const std::string file = folder.Make("a.orm", StationFile(1));
-  for (const std::vector<std::string>& arguments :
-       {std::vector<std::string>{},
-        {"fly"},
-        {"cat"},
-        {"cat", file, "--no-such-option"},
-        {"cat", "-r", "5-2", file},
-        {"cat", "-r", "x", file},
-        {"cat", "--json", "--tree", file},
-        {"filter", file},
-        {"doctor", "--limit=-5", file},
-        {"import", file, "-o", folder.File("o"), "--enumerations", "99999999999999999999"},
-        {"cat", "--encoding", "ebcdic", file},
-        {"import", file, "-o", folder.File("o"), "--type", "a=Number"}}) {
-    const Outcome outcome = RunTool(arguments);
-    EXPECT_EQ(outcome.code, 2) << outcome.err;
-    EXPECT_EQ(outcome.out, "");
-    EXPECT_EQ(outcome.err.substr(0, 9), "halyard: ") << outcome.err;
-  }
-}
-
-TEST(Reference, NamesAVerbThatIsNone) {
-  EXPECT_EQ(RunTool({"fly", "a.orm"}).err, "halyard: there is no verb 'fly'; 'halyard --help' lists them\n");
 }
 
 TEST(Reference, TheManualPageIsSoundAndNamesEverything) {

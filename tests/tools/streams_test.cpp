@@ -145,6 +145,20 @@ TEST(Terminal, HasColoursUnlessTheyAreForbidden) {
   EXPECT_EQ(RunShell("TERM=dumb " + line).out.find("\x1B["), std::string::npos);
 }
 
+TEST(Terminal, IsNoPlaceForFilesOfUnits) {
+  const Folder folder;
+  const std::string file = folder.Make("a.orm", StationFile(1));
+  const std::string table = folder.Make("a.csv", "a\n1\n");
+  for (const std::string& verb : {"filter -o - " + file, "merge -o - " + file, "recover -o - " + file,
+                                  "import -o - " + table, "export --raw Long -m Depth " + file}) {
+    const Outcome outcome = RunShell("script -qec \"$HALYARD " + verb + "\" /dev/null; echo $?");
+    EXPECT_EQ(
+        outcome.out,
+        "halyard: the result is no text and nothing for a terminal; name a file with -o or use a pipe\r\n2\n")
+        << verb;
+  }
+}
+
 TEST(Terminal, CutsWideCellsUnlessTold) {
   const Folder folder;
   const std::string text(60, 'x');

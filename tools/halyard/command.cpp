@@ -60,9 +60,16 @@ void Command::Option(const Wanted& wanted, Take take) {
   Described(app_.get().add_option_function<std::string>(wanted.names, refuse), wanted);
 }
 
-void Command::Flag(const Wanted& wanted, bool& target, const std::string& excluded) {
-  CLI::Option* flag = app_.get().add_flag(wanted.names, target, wanted.about);
-  if (!excluded.empty()) flag->excludes(app_.get().get_option(excluded));
+void Command::Flag(const Wanted& wanted, bool& target) {
+  app_.get().add_flag(wanted.names, target, wanted.about);
+}
+
+void Command::Exclude(const std::string& name, const std::vector<std::string>& others) {
+  for (const std::string& other : others) app_.get().get_option(name)->excludes(app_.get().get_option(other));
+}
+
+void Command::Require(const std::string& name, const std::string& other) {
+  app_.get().get_option(name)->needs(app_.get().get_option(other));
 }
 
 bool Command::IsChosen() const { return app_.get().parsed(); }

@@ -55,8 +55,12 @@ class Command {
   using Take = std::function<std::string(const std::string& text)>;
   void Option(const Wanted& wanted, Take take);
 
-  // A flag, which another flag (its name) may exclude.
-  void Flag(const Wanted& wanted, bool& target, const std::string& excluded = "");
+  void Flag(const Wanted& wanted, bool& target);
+
+  // Options, by names that were given before, that are refused together, since one of them
+  // would change nothing; and one that needs another.
+  void Exclude(const std::string& name, const std::vector<std::string>& others);
+  void Require(const std::string& name, const std::string& other);
 
   // Whether this is the command that was given.
   [[nodiscard]] bool IsChosen() const;

@@ -43,6 +43,11 @@ std::optional<std::uint64_t> SizeOf(int descriptor) {
 
 }  // namespace
 
+void RequireOneStandardInput(const std::vector<std::string>& files) {
+  if (std::count(files.begin(), files.end(), kStandardStream) > 1)
+    throw Failure(ExitCode::kUsage, "'-' is given twice, and standard input can be read only once");
+}
+
 Input::Input(const std::string& name)
     : descriptor_(name == kStandardStream ? kStandardInput : OpenToRead(name)),
       name_(name == kStandardStream ? "standard input" : name),

@@ -15,6 +15,9 @@ namespace halyard::tool {
 // The name that stands for standard input or standard output.
 inline constexpr char kStandardStream[] = "-";
 
+// Throws Failure (usage) where "-" is among the files more than once.
+void RequireOneStandardInput(const std::vector<std::string>& files);
+
 class Input {
  public:
   // Opens a file, or standard input for "-". Throws Failure where it cannot be read.

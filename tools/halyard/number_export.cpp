@@ -98,6 +98,12 @@ void NumberExport::Prepare(const DefinitionPtr& definition) {
   if (members_.empty()) paths_ = ParsePath("", definition);
   can_be_missing_ = false;
   for (const MemberPath& path : paths_) {
+    if (path.steps.empty() && !path.definition->IsElementary()) {
+      throw Failure(ExitCode::kUsage,
+                    fmt::format("a value of {} is no number; choose one of its members with --member; "
+                                "'halyard defs' shows them",
+                                definition->Title()));
+    }
     if (!IsNumberType(path.definition->type)) {
       throw Failure(ExitCode::kUsage,
                     fmt::format("'{}' of {} is {}, and --raw takes numbers of 8 to 32 bits and reals; "

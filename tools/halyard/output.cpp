@@ -44,6 +44,13 @@ std::string Remedy(int error) {
 
 }  // namespace
 
+void RequireNoTerminal(const std::string& name) {
+  if (name == kStandardStream && IsTerminal(kStandardOutput)) {
+    throw Failure(ExitCode::kUsage,
+                  "the result is no text and nothing for a terminal; name a file with -o or use a pipe");
+  }
+}
+
 Output::Output(const std::string& name) : descriptor_(kNoDescriptor), name_(name) {
   held_.reserve(kHeldBytes);
   if (name == kStandardStream) {

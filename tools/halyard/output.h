@@ -15,6 +15,10 @@
 
 namespace halyard::tool {
 
+// Throws Failure (usage) where the name is that of standard output and that is a terminal,
+// for results that are no text.
+void RequireNoTerminal(const std::string& name);
+
 class Output {
  public:
   // "-" is standard output. Throws Failure where nothing can be written there.

@@ -21,8 +21,7 @@ RecordReader::RecordReader(Input& input) : input_(input) {
   std::array<unsigned char, kFileHeaderBytes> header{};
   const std::size_t count = input.Read(header);
   if (const auto fault = HeaderFault(std::span(header).first(count))) {
-    throw Failure(ExitCode::kFaults, input.name() + ": offset 0: no file of units: " + *fault +
-                                         "; 'halyard recover' looks for records in a damaged file");
+    throw Failure(ExitCode::kFaults, input.name() + ": offset 0: " + HeaderText(*fault, count));
   }
 }
 
@@ -97,6 +96,11 @@ void ThrowFault(const std::string& file, const Fault& fault, const std::string& 
   const std::string record = fault.record == 0 ? "" : fmt::format(", record {}", Grouped(fault.record));
   throw Failure(ExitCode::kFaults, fmt::format("{}: offset {}{}: {}{}", file, Grouped(fault.offset), record,
                                                fault.what, remedy));
+}
+
+std::string HeaderText(const std::string& fault, std::size_t size) {
+  const std::string text = "no file of units: " + fault;
+  return size == 0 ? text : text + "; 'halyard recover' looks for records in a damaged file";
 }
 
 std::string EndRemedy(bool is_being_written) {

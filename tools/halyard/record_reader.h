@@ -83,6 +83,10 @@ class RecordReader {
 // what to do.
 [[noreturn]] void ThrowFault(const std::string& file, const Fault& fault, const std::string& remedy = {});
 
+// What is said of a file whose header has that fault, and what a person can do about it;
+// `size` bytes of a header are there.
+std::string HeaderText(const std::string& fault, std::size_t size);
+
 // What a person can do about a file that ends in the midst of a record, to be put behind
 // the fault.
 std::string EndRemedy(bool is_being_written);

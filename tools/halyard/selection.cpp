@@ -6,7 +6,9 @@
 #include <charconv>
 
 #include "tools/halyard/ascii.h"
+#include "tools/halyard/counts.h"
 #include "tools/halyard/failure.h"
+#include "tools/halyard/remark.h"
 
 namespace halyard::tool {
 namespace {
@@ -57,6 +59,15 @@ bool Selection::HasDefinition(const DefinitionView& definition) const {
     if (is_this) met_[i] = is_chosen = true;
   }
   return is_chosen;
+}
+
+void Selection::Close(const std::string& file, std::uint64_t records, bool has_chosen) const {
+  const bool is_whole = !IsOver(records);
+  if (is_whole) RequireMet(file);
+  if (has_chosen || !IsChoice()) return;
+  Remark(is_whole
+             ? fmt::format("{}: nothing was chosen; the file has {}", file, Counted(records, "record"))
+             : fmt::format("{}: nothing was chosen in the records up to {}", file, Grouped(range_.last)));
 }
 
 void Selection::RequireMet(const std::string& file) const {

@@ -14,6 +14,8 @@ namespace halyard::tool {
 struct RecordRange {
   std::uint64_t first = 1;
   std::uint64_t last = std::numeric_limits<std::uint64_t>::max();
+
+  friend bool operator==(const RecordRange&, const RecordRange&) = default;
 };
 
 class Selection {
@@ -36,10 +38,17 @@ class Selection {
   // Remembers that the definition stands in the file, for RequireMet.
   void Meet(const DefinitionView& definition) const { static_cast<void>(HasDefinition(definition)); }
 
+  // Closes the reading of a file: `records` were looked at, all of it or all up to the end of
+  // the range. Throws Failure (usage) where a definition was named that never came in the
+  // whole of it, and remarks that nothing was chosen, where a choice was made.
+  void Close(const std::string& file, std::uint64_t records, bool has_chosen) const;
+
   // Throws Failure (usage) where a definition was named that never came.
   void RequireMet(const std::string& file) const;
 
  private:
+  [[nodiscard]] bool IsChoice() const noexcept { return !definitions_.empty() || range_ != RecordRange{}; }
+
   RecordRange range_;
   std::vector<std::string> definitions_;
   mutable std::vector<bool> met_;

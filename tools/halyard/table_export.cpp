@@ -101,9 +101,11 @@ ExitCode ExportTable(const std::string& file, const Selection& selection, const 
     table.Definition(definition, selection.HasDefinition(*definition));
   };
   handlers.value = [&](const Record& record, const DecodedUnit& unit) { table.Value(file, record, unit); };
-  const ExitCode code = ReadValues(file, selection, shows_progress, handlers);
-  table.Finish();
-  return code;
+  handlers.finish = [&] {
+    table.Finish();
+    output.Flush();
+  };
+  return ReadValues(file, selection, shows_progress, handlers);
 }
 
 }  // namespace halyard::tool

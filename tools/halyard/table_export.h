@@ -46,7 +46,8 @@ class TableExport {
 };
 
 // Writes the chosen values of a file as a table; what it answers and throws, ReadValues
-// and TableExport do. The output is not finished.
+// and TableExport do. The output has all rows that were read, also where the file breaks off,
+// and is not finished.
 ExitCode ExportTable(const std::string& file, const Selection& selection, const TableOptions& options,
                      const std::vector<std::string>& members, Output& output, bool shows_progress);
 

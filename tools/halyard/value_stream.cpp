@@ -49,8 +49,11 @@ ExitCode ReadValues(const std::string& file, const Selection& selection, bool sh
   Losses losses(input.name());
   std::unique_ptr<Progress> progress;
   if (shows_progress) progress = std::make_unique<Progress>(input.name(), input.size());
+  std::uint64_t records = 0;
+  bool has_values = false;
   while (const auto record = reader.Next()) {
-    if (selection.IsOver(record->number)) return losses.Close() ? ExitCode::kFaults : ExitCode::kFine;
+    records = record->number;
+    if (selection.IsOver(records)) break;
     if (progress) progress->At(record->offset);
     // Definitions count wherever they stand, values only where they were chosen.
     const bool is_chosen = selection.HasNumber(record->number);
@@ -65,6 +68,7 @@ ExitCode ReadValues(const std::string& file, const Selection& selection, bool sh
     if (decoded.verdict != Verdict::kWhole) {
       losses.Add(*record, decoded);
     } else if (decoded.head.IsData()) {
+      has_values = true;
       handlers.value(*record, decoded);
     } else {
       selection.Meet(*decoded.definition);
@@ -73,8 +77,9 @@ ExitCode ReadValues(const std::string& file, const Selection& selection, bool sh
   }
   const bool has_losses = losses.Close();
   progress.reset();
+  handlers.finish();
   RequireProperEnd(reader);
-  selection.RequireMet(input.name());
+  selection.Close(input.name(), records, has_values || has_losses);
   return has_losses ? ExitCode::kFaults : ExitCode::kFine;
 }
 

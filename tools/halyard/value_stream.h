@@ -13,10 +13,13 @@
 namespace halyard::tool {
 
 // What ReadValues hands over, valid during the call: each chosen value with its record,
-// and each definition, chosen or not.
+// each definition, chosen or not, and the end.
 struct ValueHandlers {
   std::function<void(const Record& record, const DecodedUnit& unit)> value;
   std::function<void(const DefinitionPtr& definition)> definition = [](const DefinitionPtr&) {};
+  // Called when no further value comes, also where the file breaks off: what was read before
+  // is a result all the same.
+  std::function<void()> finish = [] {};
 };
 
 // Hands every chosen value of a file over. Records that cannot be read are passed

@@ -40,4 +40,9 @@ class Imported {
   Outcome outcome_;
 };
 
+// Imports and exports a table, which must come out as it went in.
+inline void ExpectRoundTrip(const std::string& table, const std::vector<std::string>& arguments = {}) {
+  EXPECT_EQ(Imported(table, arguments).Exported(), table);
+}
+
 }  // namespace halyard::test

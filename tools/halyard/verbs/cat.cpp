@@ -35,19 +35,11 @@ ExitCode Run(const Options& options) {
   const auto show = MakeShow(output, style, options);
   ValueHandlers handlers;
   handlers.value = [&](const Record& record, const DecodedUnit& unit) { show->Value(record, unit); };
-  try {
-    const ExitCode code = ReadValues(options.file, options.selection, !IsTerminal(kStandardOutput), handlers);
+  handlers.finish = [&] {
     show->Finish();
     output.Finish();
-    return code;
-  } catch (const Failure& failure) {
-    // What was read before the file broke off is shown all the same.
-    if (failure.code() == ExitCode::kFaults) {
-      show->Finish();
-      output.Finish();
-    }
-    throw;
-  }
+  };
+  return ReadValues(options.file, options.selection, !IsTerminal(kStandardOutput), handlers);
 }
 
 }  // namespace
@@ -67,8 +59,10 @@ Verb AddCat(CLI::App& program) {
        "Only this member, by its path (Depth, Position.X, Samples[3]); may be given several times"},
       options->members);
   command.Flag({"--json", "", "A JSON document for each value"}, options->as_json);
-  command.Flag({"--tree", "", "A tree for each value"}, options->as_tree, "--json");
+  command.Flag({"--tree", "", "A tree for each value"}, options->as_tree);
   command.Flag({"--wide", "", "Cut no cell of the table, also on a terminal"}, options->whole_cells);
+  command.Exclude("--tree", {"--json"});
+  command.Exclude("--wide", {"--json", "--tree"});
   return {command, [options] { return Run(*options); }};
 }
 

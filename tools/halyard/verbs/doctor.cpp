@@ -56,8 +56,7 @@ bool Examination::HasHeader() {
   const std::size_t count = input_.Read(header);
   const auto fault = HeaderFault(std::span(header).first(count));
   if (!fault) return true;
-  findings_.Add(Severity::kFault, 0, 0,
-                "no file of units: " + *fault + "; 'halyard recover' looks for records in a damaged file");
+  findings_.Add(Severity::kFault, 0, 0, HeaderText(*fault, count));
   findings_.Close(0, input_.size().value_or(count));
   return false;
 }
@@ -134,6 +133,7 @@ void Examination::LookAtSurplus(const Record& record, std::size_t used, std::spa
 }
 
 ExitCode Run(const Options& options) {
+  RequireOneStandardInput(options.files);
   Output output("-");
   ExitCode code = ExitCode::kFine;
   for (const std::string& file : options.files) {

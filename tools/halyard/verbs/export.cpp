@@ -27,15 +27,15 @@ ExitCode ExportNumbers(const Options& options, Output& output, bool shows_progre
   handlers.value = [&](const Record& record, const DecodedUnit& unit) {
     numbers.Value(options.file, record, unit);
   };
-  const ExitCode code = ReadValues(options.file, options.selection, shows_progress, handlers);
-  numbers.Finish();
-  return code;
+  handlers.finish = [&] {
+    numbers.Finish();
+    output.Flush();
+  };
+  return ReadValues(options.file, options.selection, shows_progress, handlers);
 }
 
 ExitCode Run(const Options& options) {
-  if (!options.number_type.empty() && options.output == kStandardStream && IsTerminal(kStandardOutput)) {
-    throw Failure(ExitCode::kUsage, "raw numbers are nothing for a terminal; name a file with -o");
-  }
+  if (!options.number_type.empty()) RequireNoTerminal(options.output);
   Output output(options.output);
   const bool shows_progress = options.output != kStandardStream || !IsTerminal(kStandardOutput);
   const ExitCode code = options.number_type.empty()
@@ -69,6 +69,7 @@ Verb AddExport(CLI::App& program) {
        "ShortReal or Real"},
       options->number_type);
   options->table.AddOptions(command);
+  command.Exclude("--raw", {"--delimiter", "--no-header", "--table-encoding"});
   return {command, [options] { return Run(*options); }};
 }
 

@@ -85,8 +85,10 @@ void Filter::TakeValue(std::span<const unsigned char> unit, const DecodedUnit& d
 
 ExitCode Filter::Run() {
   Progress progress(input_.name(), input_.size());
+  std::uint64_t records = 0;
   while (const auto record = reader_.Next()) {
-    if (options_.selection.IsOver(record->number)) break;
+    records = record->number;
+    if (options_.selection.IsOver(records)) break;
     progress.At(record->offset);
     // Only definitions count before the range begins.
     if (!record->head.IsInfo() && !options_.selection.HasNumber(record->number)) continue;
@@ -95,13 +97,14 @@ ExitCode Filter::Run() {
     Take(*record, *unit);
   }
   RequireProperEnd(reader_);
-  options_.selection.RequireMet(input_.name());
+  options_.selection.Close(input_.name(), records, writer_.records() + unreadable_ != 0);
   input_.Close();
   output_.Finish();
   return unreadable_ == 0 ? ExitCode::kFine : ExitCode::kFaults;
 }
 
 ExitCode Run(const Options& options) {
+  RequireNoTerminal(options.output);
   Input input(options.file);
   return Filter(options, input).Run();
 }

@@ -25,10 +25,8 @@ std::string TableName(const std::string& table) {
 
 ExitCode RunImport(const Options& options) {
   ImportOptions wanted = options.import;
-  if (!wanted.like.empty() && (!wanted.types.empty() || wanted.most_elements != 0)) {
-    throw Failure(ExitCode::kUsage,
-                  "--like takes the types from the other file; --type and --enumerations say otherwise");
-  }
+  RequireOneStandardInput({options.table, wanted.like});
+  RequireNoTerminal(options.output);
   if (wanted.name.empty()) wanted.name = TableName(options.table);
   Input input(options.table);
   input.MakeSeekable();
@@ -66,6 +64,9 @@ Verb AddImport(CLI::App& program) {
   options->import.definition.AddDefinitionOption(command,
                                                  "The definition of that name or id in the file of --like");
   options->import.form.AddOptions(command);
+  // Names and types come from the file of --like.
+  command.Exclude("--like", {"--name", "--type", "--enumerations"});
+  command.Require("--definition", "--like");
   return {command, [options] { return RunImport(*options); }};
 }
 

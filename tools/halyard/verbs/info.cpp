@@ -149,6 +149,7 @@ Json ContentJson(const FileContent& content) {
 }
 
 ExitCode Run(const Options& options) {
+  RequireOneStandardInput(options.files);
   Output output("-");
   ExitCode code = ExitCode::kFine;
   bool is_first = true;

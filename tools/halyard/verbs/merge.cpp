@@ -137,6 +137,8 @@ void Source::CopyDefinition(const Record& record, std::span<const unsigned char>
 }
 
 ExitCode Run(const Options& options) {
+  RequireOneStandardInput(options.files);
+  RequireNoTerminal(options.output);
   Output output(options.output);
   RecordWriter writer(output);
   IdTable ids;

@@ -171,6 +171,7 @@ ExitCode Recovery::Close() {
 }
 
 ExitCode Run(const Options& options) {
+  RequireNoTerminal(options.output);
   Input input(options.file);
   input.MakeSeekable();
   return Recovery(options, input).Run();
