@@ -12,6 +12,16 @@ int CountOf(std::size_t length) {
   return static_cast<int>(length);
 }
 
+// Narrows a text into room for `size` bytes, or, for size 0, counts them. What has no
+// narrow form becomes '?', not some character that looks like it. Code pages with a form
+// for every character refuse to be told so.
+int NarrowInto(char* narrow, int size, WideView text, int length) noexcept {
+  const int count =
+      WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, text.data(), length, narrow, size, nullptr, nullptr);
+  if (count != 0 || GetLastError() != ERROR_INVALID_FLAGS) return count;
+  return WideCharToMultiByte(CP_ACP, 0, text.data(), length, narrow, size, nullptr, nullptr);
+}
+
 }  // namespace
 
 void NoteNarrowUse() noexcept {}  // the system's code page is what it is
@@ -19,9 +29,9 @@ void NoteNarrowUse() noexcept {}  // the system's code page is what it is
 std::string Narrow(WideView text) {
   if (text.empty()) return {};
   const int length = CountOf(text.size());
-  const int size = WideCharToMultiByte(CP_ACP, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
+  const int size = NarrowInto(nullptr, 0, text, length);
   std::string narrow(static_cast<std::size_t>(size), '\0');
-  WideCharToMultiByte(CP_ACP, 0, text.data(), length, narrow.data(), size, nullptr, nullptr);
+  NarrowInto(narrow.data(), size, text, length);
   return narrow;
 }
 
