@@ -1,6 +1,5 @@
 #include "definitions/structure_info.h"
 
-#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -10,7 +9,6 @@
 #include "halyard/definitions/simple_value_def.h"
 #include "halyard/object/variant.h"
 #include "object/class_table.h"
-#include "object/nesting.h"
 
 namespace halyard {
 namespace {
@@ -32,43 +30,6 @@ Ptr<IArrayDef> NewArrayDefinition(SHORT element_type, LONG count) {
   return definition;
 }
 
-struct MemberMeasure {
-  ULONG size;
-  SHORT type;
-};
-
-// Size and type of a member, from its definition, which calculates itself anew.
-MemberMeasure Measure(Ptr<IValueDefBase> definition) {
-  Require(definition, "a member has no definition");
-  MemberMeasure measure{};
-  Check(definition->CalculateDataSize(&measure.size), definition);
-  Check(definition->get_Type(&measure.type), definition);
-  return measure;
-}
-
-// Gives members their places one after another: elementary ones of known size that
-// cannot be null side by side in the block, the others a slot each.
-class MemberPlacer {
- public:
-  void Place(MemberLayout& member, const MemberMeasure& measure) noexcept {
-    const auto size = static_cast<std::uint16_t>(measure.size);
-    const bool fixed = size != 0 && !member.can_be_null && measure.type <= kLastElementaryType;
-    member.type = static_cast<std::uint16_t>(measure.type);
-    member.number = NumberFormOf(measure.type);
-    member.size = fixed ? size : std::uint16_t{0};
-    member.offset = fixed ? offset_ : slot_;
-    if (fixed) {
-      offset_ = static_cast<std::uint16_t>(offset_ + size);
-    } else {
-      ++slot_;
-    }
-  }
-
- private:
-  std::uint16_t offset_ = 0;
-  std::uint16_t slot_ = 0;
-};
-
 }  // namespace
 
 HRESULT StructureInfo::get_Count(LONG* pnCount) {
@@ -88,10 +49,8 @@ HRESULT StructureInfo::CalculateDataSize(ULONG* pdwSize) {
 }
 
 HRESULT StructureInfo::CreateDataObject(IValueBase** ppResult) {
-  return Call("CreateDataObject", [&] {
-    EmptyOut(ppResult);
-    *ppResult = CreateValueOf(this, *ValueClass()).Detach();
-  });
+  return Call("CreateDataObject",
+              [&] { HandOut(ppResult, [&] { return CreateValueOf(this, *ValueClass()); }); });
 }
 
 const CLSID* StructureInfo::ValueClass() noexcept {
@@ -103,7 +62,6 @@ HRESULT StructureInfo::get_MemberCount(LONG* pnCount) { return get_Count(pnCount
 HRESULT StructureInfo::get_MemberName(LONG nIndex, BSTR* psName) {
   return Call("MemberName", [&] {
     if (psName == nullptr) return;
-    *psName = nullptr;
     HandOut(psName, [&] { return MemberAt(nIndex).name.NewCopy(); });
   });
 }
@@ -126,8 +84,10 @@ HRESULT StructureInfo::get_Members(VARIANT vIndex, IValueDefBase** ppDef) {
 HRESULT StructureInfo::put_Members(VARIANT vIndex, IValueDefBase* pDef) {
   return Call("Members", [&] {
     if (pDef == nullptr) throw Error(E_INVALIDARG, "a member's definition cannot be replaced by none");
+    if (!FindMember(vIndex)) return;  // the object is asked only where there is a place for it
     HeldDefinition definition(QueryFor<IValueDefBase>(pDef));
-    // Swapped, so that the old definition ends when the table is whole again.
+    // Looked up anew, as asking may have run a client's code; swapped, so that the old
+    // definition ends when the table is whole again.
     if (MemberLayout* member = FindForChange(vIndex)) std::swap(member->definition, definition);
   });
 }
@@ -259,23 +219,6 @@ void StructureInfo::Append(BSTR name, Ptr<IValueDefBase> definition) {
   member.name.Set(name);
   member.definition = HeldDefinition(std::move(definition));
   Whole().members.push_back(std::move(member));
-}
-
-void StructureInfo::CalculateLayout() {
-  const WalkingLevel level;
-  StructureLayout& layout = layout_;
-  layout.data_size = 0;
-  layout.fixed = true;
-  MemberPlacer placer;
-  // By position: a definition of the client's may change the table while it is asked.
-  for (std::size_t i = 0; i < layout.members.size(); ++i) {
-    const MemberMeasure measure = Measure(layout.members[i].definition.object);
-    if (i >= layout.members.size()) break;
-    placer.Place(layout.members[i], measure);
-    if (layout.members[i].size == 0) layout.fixed = false;
-    layout.data_size = static_cast<std::uint16_t>(layout.data_size + measure.size);
-  }
-  if (layout.LacksMembers()) Measure(nullptr);
 }
 
 }  // namespace halyard

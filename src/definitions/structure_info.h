@@ -1,5 +1,5 @@
 // StructureInfo: the definition of a record. Its members are kept in a StructureLayout;
-// structure_encoding.cpp holds its encoding.
+// structure_encoding.cpp holds its encoding, structure_calculation.cpp works the layout out.
 #pragma once
 
 #include <optional>

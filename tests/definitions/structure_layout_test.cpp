@@ -47,6 +47,18 @@ TEST(StructureLayout, SimpleMembersLieSideBySide) {
   EXPECT_TRUE(MakesFixedValues(structure));
 }
 
+TEST(StructureLayout, SimpleMembersArePlacedHoweverTheyAreAdded) {
+  const auto structure = NewStructure();
+  for (const OLECHAR* name : {OLESTR("a"), OLESTR("b")}) {
+    EXPECT_EQ(Result<VARIANT_BOOL>(
+                  [&](auto* out) { return structure->AddSimpleMember(Bstr(name).get(), kLong, out); }),
+              VARIANT_TRUE);
+  }
+  EXPECT_EQ(Calculate(structure), 8u);
+  EXPECT_EQ(Place(structure, 0), "8 at 0, 4 bytes");
+  EXPECT_EQ(Place(structure, 1), "8 at 4, 4 bytes");
+}
+
 TEST(StructureLayout, MembersWithoutAFixedPlaceAreNumbered) {
   const auto structure =
       StructureDefinition({{OLESTR("s"), kString}, {OLESTR("x"), kLong}, {OLESTR("t"), kString}});
@@ -142,6 +154,19 @@ TEST(StructureLayout, MemberWithoutADefinitionFails) {
   EXPECT_TRUE(Raises(E_POINTER, [&] { return structure->CalculateDataSize(&size); }));
 }
 
+TEST(StructureLayout, FailedCalculationKeepsWhatItReached) {
+  const auto structure = StructureDefinition({{OLESTR("a"), kLong}});
+  AddMember(structure, OLESTR("m"), nullptr);
+  AddMember(structure, OLESTR("b"), SimpleDefinition(kReal).get());
+  ULONG size = 0;
+  EXPECT_TRUE(Raises(E_POINTER, [&] { return structure->CalculateDataSize(&size); }));
+  EXPECT_EQ(Get(structure, &IValueDefBase::get_DataSize), 4u);
+  EXPECT_EQ(Place(structure, 0), "8 at 0, 4 bytes");
+  EXPECT_EQ(Place(structure, 2), "0 at 0, 0 bytes");
+  EXPECT_TRUE(MakesFixedValues(structure));
+  EXPECT_EQ(Get(NewValue(structure), &IValueBase::get_Count), 3);
+}
+
 TEST(StructureLayout, FailuresOfAMemberAreRaised) {
   const auto structure = NewStructure();
   const auto foreign = NewForeign<ForeignDefinition>();
@@ -182,13 +207,10 @@ TEST(StructureLayout, StructureInItselfFailsCleanly) {
   const auto structure = NewStructure();
   AddMember(structure, OLESTR("self"), structure.get());
   ULONG size = 0;
-  GuardedBuffer buffer(4096);
-  VARIANT_BOOL result = VARIANT_FALSE;
-  EXPECT_TRUE(FAILED(structure->CalculateDataSize(&size)));
-  EXPECT_TRUE(FAILED(structure->get_PacketSize(&size)));
-  const HRESULT written = structure->WriteToBuffer(buffer.data(), buffer.size(), &size, &result);
-  EXPECT_TRUE(FAILED(written) || result == VARIANT_FALSE);
-  EXPECT_TRUE(buffer.GuardsIntact());
+  EXPECT_TRUE(Raises(E_INVALIDARG, [&] { return structure->CalculateDataSize(&size); }));
+  EXPECT_TRUE(Raises(E_INVALIDARG, [&] { return structure->get_PacketSize(&size); }));
+  EXPECT_EQ(WriteTo(structure, 100000).outcome, (Outcome{E_INVALIDARG, VARIANT_FALSE, kUntouched}));
+  EXPECT_EQ(WriteTo(structure, 1000).outcome, TooShort());  // the room ends first
   EXPECT_EQ(structure->RemoveAll(), S_OK);
 }
 

@@ -5,8 +5,10 @@
 
 #include "halyard/definitions/array_def.h"
 #include "tests/support/definitions.h"
+#include "tests/support/encoding.h"
 #include "tests/support/foreign_definition.h"
 #include "tests/support/foreign_value.h"
+#include "tests/support/message_recorder.h"
 #include "tests/support/raised.h"
 
 namespace halyard::test {
@@ -291,6 +293,15 @@ TEST(StructureInfo, UnknownNamesFindNothing) {
   EXPECT_EQ(Names(structure), "a;b;c;");
 }
 
+TEST(StructureInfo, ObjectsAreNotAskedWithoutAPlaceForThem) {
+  const auto structure = ThreeLongs();
+  const auto stranger = NewForeign<ForeignDefinition>();
+  stranger->query_status = E_ABORT;
+  EXPECT_EQ(structure->put_Members(Text(OLESTR("d")).get(), stranger.get()), S_OK);
+  EXPECT_TRUE(Raises(E_INVALIDARG, [&] { return structure->put_Members(I4(3).get(), stranger.get()); }));
+  EXPECT_TRUE(Raises(E_ABORT, [&] { return structure->put_Members(I4(2).get(), stranger.get()); }));
+}
+
 TEST(StructureInfo, PutMembersReplacesTheDefinition) {
   const auto structure = ThreeLongs();
   const auto real = SimpleDefinition(kReal);
@@ -440,6 +451,23 @@ TEST(StructureInfo, NullOutPointersAreRejected) {
 
 TEST(StructureInfo, NullPlaceForAMemberNameIsNoFailure) {
   EXPECT_EQ(ThreeLongs()->get_MemberName(0, nullptr), S_OK);
+  EXPECT_EQ(ThreeLongs()->get_MemberName(99, nullptr), S_OK);
+}
+
+TEST(StructureInfo, NullNameIsTheNameOfNoMember) {
+  EXPECT_EQ(Get(ThreeLongs(), &IStructureDef::MemberIndex, nullptr), -1);
+}
+
+TEST(StructureInfo, NegativeTypesMakeDefinitionsThatNobodyReads) {
+  const auto structure = NewStructure();
+  EXPECT_EQ(Result<VARIANT_BOOL>(
+                [&](auto* out) { return structure->AddSimpleMember(Bstr(OLESTR("m")).get(), -1, out); }),
+            VARIANT_TRUE);
+  const std::string bytes = Encoded(structure);
+  EXPECT_EQ(bytes, "00 00 00 00 00 00 01 00 00 00 01 00 6D 00 00 00 FF FF 00 00 FF FF 00 00");
+  const MessageRecorder messages;
+  EXPECT_EQ(ReadFrom(NewStructure(), bytes).status, E_POINTER);
+  EXPECT_EQ(messages.Shown(), "No caption: Invalid type\n");
 }
 
 }  // namespace
