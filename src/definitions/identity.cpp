@@ -1,6 +1,7 @@
 #include "definitions/identity.h"
 
 #include "definitions/definition_key.h"
+#include "object/widened.h"
 #include "platform/text.h"
 
 namespace halyard {
@@ -22,7 +23,7 @@ void Identity::SetId(std::uint16_t id) noexcept {
 
 void Identity::SetName(BSTR text) { name = NarrowToZero(ViewOf(text)); }
 
-Bstr Identity::NewName() const { return Bstr(Widen(std::string_view(name).substr(0, name.find('\0')))); }
+Bstr Identity::NewName() const { return Widened(std::string_view(name).substr(0, name.find('\0'))); }
 
 std::uint16_t Identity::PacketSize() const noexcept {
   return static_cast<std::uint16_t>(kFixedBytes + name.size() + caption.size());

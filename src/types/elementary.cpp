@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "halyard/object/variant.h"
+#include "object/widened.h"
 #include "platform/text.h"
 #include "types/number_fields.h"
 #include "types/packed_date.h"
@@ -55,7 +56,7 @@ void AssignReal(VARIANT& variant, double value) {
 }
 
 void AssignText(VARIANT& variant, std::string_view narrow) {
-  Bstr text(Widen(narrow));
+  Bstr text = Widened(narrow);
   Retype(variant, VT_BSTR).bstrVal = text.Detach();
 }
 

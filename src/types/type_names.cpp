@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "halyard/object/variant.h"
+#include "object/widened.h"
 #include "platform/text.h"
 
 namespace halyard {
@@ -64,7 +65,7 @@ const char* TypeCodeName(SHORT code) noexcept {
   return row != nullptr ? row->name : kUnknownName;
 }
 
-Bstr TypeCodeNameText(SHORT code) { return Bstr(Widen(TypeCodeName(code))); }
+Bstr TypeCodeNameText(SHORT code) { return Widened(TypeCodeName(code)); }
 
 SHORT TypeCodeFromVariant(const VARIANT& type) {
   if (type.vt == VT_BSTR) return TypeCodeFromName(NarrowToZero(ViewOf(type.bstrVal)));

@@ -7,6 +7,7 @@ namespace {
 
 // A definition and what a call needs.
 struct State {
+  Ptr<ISimpleValueDef> simple;
   Ptr<IStructureDef> structure;
   Ptr<IEnumerationDef> enumeration;
   Ptr<IArrayDef> array;
@@ -15,8 +16,19 @@ struct State {
   Ptr<IValueBase> made;
 };
 
+// A definition with a range and a script.
+Ptr<ISimpleValueDef> RangedDefinition() {
+  const auto definition = SimpleDefinition(kLong);
+  EXPECT_EQ(definition->put_Validation(VARIANT_TRUE), S_OK);
+  EXPECT_EQ(definition->put_MaxValue(Text(OLESTR("100")).get()), S_OK);
+  EXPECT_EQ(definition->put_ValidationScript(Bstr(OLESTR("value > 0 and value < a limit of ours")).get()),
+            S_OK);
+  return definition;
+}
+
 State NewState() {
   State state;
+  state.simple = RangedDefinition();
   state.structure = EverythingDefinition();
   state.enumeration = EnumerationDefinition(kLong, {{OLESTR("Red"), 1}, {OLESTR("Blue"), 2}}, 4);
   state.array = ArrayDefinition(state.structure, 0, 5);
@@ -25,11 +37,50 @@ State NewState() {
   return state;
 }
 
+std::string Simple(State& state) { return BytesOf(state.simple); }
 std::string Structure(State& state) { return BytesOf(state.structure); }
 std::string Enumeration(State& state) { return BytesOf(state.enumeration); }
 std::string Array(State& state) { return BytesOf(state.array); }
 
 using Each = EachAllocation<State>;
+
+TEST(DefinitionMemory, PuttingABound) {
+  const Variant bound = Text(OLESTR("42"));
+  Each{NewState, [&](State& state) { return state.simple->put_MinValue(bound.get()); }, Simple}.Run();
+}
+
+TEST(DefinitionMemory, AskingForABound) {
+  Variant bound;
+  Each{NewState, [&](State& state) { return state.simple->get_MaxValue(bound.Out()); },
+       [&](State&) {
+         const std::string shown = Describe(bound);
+         bound = Variant();
+         return shown;
+       }}
+      .Run();
+}
+
+TEST(DefinitionMemory, PuttingAScript) {
+  Each{NewState, [](State& state) { return state.simple->put_ValidationScript(state.name.get()); }, Simple}
+      .Run();
+}
+
+TEST(DefinitionMemory, WritingASimpleDefinition) {
+  Each{NewState, [](State& state) { return WriteBytes(state.simple, state.bytes); },
+       [](State& state) { return ToHex(state.bytes); }}
+      .Run();
+}
+
+TEST(DefinitionMemory, ReadingASimpleDefinition) {
+  Each{[] {
+         State state = NewState();
+         EXPECT_EQ(WriteBytes(state.simple, state.bytes), S_OK);
+         state.simple = CreateObject<ISimpleValueDef>(kSimpleValueInfoClass);
+         return state;
+       },
+       [](State& state) { return ReadBytes(state.simple, state.bytes); }, Simple}
+      .Run();
+}
 
 TEST(DefinitionMemory, AddingAMember) {
   Each{NewState,
