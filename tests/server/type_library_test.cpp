@@ -187,6 +187,15 @@ TEST_F(TypeLibrary, DeclaresTwoClassesWithoutAnImplementation) {
   }
 }
 
+TEST_F(TypeLibrary, CallsTheAppendingOfAnElementAddElement) {
+  const Ptr<ITypeInfo> info = VtableHalf(DispatchHalf(library_, IidOf<IEnumerationDef>));
+  std::string help;
+  for (const FunctionDescription& function : Functions(info)) {
+    if (function.name == "AddMember") help = function.help;
+  }
+  EXPECT_EQ(help, "AddElement");
+}
+
 TEST_F(TypeLibrary, HelpsWithEverything) {
   std::size_t interfaces = 0;
   std::size_t classes = 0;

@@ -5,6 +5,10 @@
 // elementary types a SimpleFixedArray (fixed count) or SimpleArray, composite types an
 // Array. Without an element definition, every call that needs one is E_POINTER.
 //
+// DataSize is the element definition's DataSize times the count. CalculateDataSize lets
+// the element definition calculate itself and counts the low 16 bits of its size only;
+// it alone tells the simple arrays that are made later how wide their elements are.
+//
 // Encoding: id (2 bytes), name and caption (length 2, narrow text each), element count
 // (2, the low 16 bits), element type (2), element size (2, the low 16 bits), then the
 // element definition's own encoding. Of the pointers, this class's buffer calls need the
@@ -29,7 +33,9 @@ struct IArrayDef : IValueDefBase {
   virtual HRESULT STDMETHODCALLTYPE get_ValueType(IValueDefBase** ppDef) = 0;
   virtual HRESULT STDMETHODCALLTYPE put_ValueType(IValueDefBase* pDef) = 0;
 
-  // The number of elements that every value has; 0 for values of their own length.
+  // The number of elements that every value has; 0 for values of their own length. Kept
+  // unchecked: sizes take a negative count as 32 bits without a sign, the encoding and the
+  // simple arrays of a fixed count take its low 16 bits.
   virtual HRESULT STDMETHODCALLTYPE get_ElementCount(LONG* pnCount) = 0;
   virtual HRESULT STDMETHODCALLTYPE put_ElementCount(LONG nCount) = 0;
 

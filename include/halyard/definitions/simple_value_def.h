@@ -15,10 +15,9 @@ struct ISimpleValueDef : IValueDefBase {
   using Base = IValueDefBase;
   static constexpr IID kIid = {0x5DEFF013, 0x1882, 0x4D26, {0x96, 0x2E, 0xF7, 0xA3, 0xAD, 0xCD, 0xEA, 0xB2}};
 
-  // The bounds of the range, copied in and out as they are, unconverted (a reference is
-  // followed). They are
-  // converted to the type's own variant type when the definition is written; a bound
-  // that does not convert fails that call.
+  // The bounds of the range, copied in and out as they are, unconverted; of a reference,
+  // what it points at when it is put. They are converted to the type's own variant type
+  // when the definition is written; a bound that does not convert fails that call.
   virtual HRESULT STDMETHODCALLTYPE get_MinValue(VARIANT* pvMin) = 0;
   virtual HRESULT STDMETHODCALLTYPE put_MinValue(VARIANT vMin) = 0;
   virtual HRESULT STDMETHODCALLTYPE get_MaxValue(VARIANT* pvMax) = 0;

@@ -3,8 +3,10 @@
 //
 // A member is found by name (a VT_BSTR index, first match, letter case ignored) or by
 // position from 0. Adding, removing and changing members leaves the layout as it was
-// until the next CalculateDataSize. A member without a definition makes CalculateDataSize,
-// PacketSize and WriteToBuffer E_POINTER.
+// until the next CalculateDataSize; a ReadFromBuffer that succeeds ends with one. A member
+// without a definition makes CalculateDataSize, PacketSize and WriteToBuffer E_POINTER; a
+// CalculateDataSize that fails leaves what it reached: size, places and whether values are
+// blocks of fixed size follow from the members before the failing one.
 //
 // Encoding: id (2 bytes), name and caption (length 2, narrow text each), member count
 // (2), data size (2); then for each member its name and caption (length 2, text), the
@@ -23,7 +25,8 @@ struct IStructureDef : IValueDefBase {
   virtual HRESULT STDMETHODCALLTYPE get_MemberCount(LONG* pnCount) = 0;
 
   // The name of the member at a position; E_INVALIDARG outside 0..count-1. The caller
-  // frees the string. A null out pointer is success with nothing written.
+  // frees the string, which is null for a member without a name. A null out pointer is
+  // success with nothing written.
   virtual HRESULT STDMETHODCALLTYPE get_MemberName(LONG nIndex, BSTR* psName) = 0;
   virtual HRESULT STDMETHODCALLTYPE put_MemberName(LONG nIndex, BSTR sName) = 0;
 
@@ -33,14 +36,18 @@ struct IStructureDef : IValueDefBase {
   virtual HRESULT STDMETHODCALLTYPE get_Members(VARIANT vIndex, IValueDefBase** ppDef) = 0;
   virtual HRESULT STDMETHODCALLTYPE put_Members(VARIANT vIndex, IValueDefBase* pDef) = 0;
 
-  // Appends a member with a definition of any kind, which is shared, not copied. An
-  // object that is no definition leaves the member without one. Names are not checked.
+  // Appends a member with a definition of any kind, which is shared, not copied; always
+  // true. Null, or an object that is no definition, leaves the member without one. Names
+  // are not checked.
   virtual HRESULT STDMETHODCALLTYPE AddMember(BSTR sName, IDispatch* pValueType, VARIANT_BOOL* pbResult) = 0;
 
-  // Appends a member of an elementary type; false, and nothing added, above code 13.
+  // Appends a member of an elementary type; true, or false, and nothing added, above code
+  // 13. Codes below 1 are taken as they are, though they are types of no value: a negative
+  // one makes a definition that no reader takes.
   virtual HRESULT STDMETHODCALLTYPE AddSimpleMember(BSTR sName, SHORT DataType, VARIANT_BOOL* pbResult) = 0;
 
-  // As AddSimpleMember, with the field size in bytes of a FixedString or ByteArray.
+  // As AddSimpleMember, with the field size in bytes of a FixedString or ByteArray, where
+  // a negative one counts as 0; other types have no use for it.
   virtual HRESULT STDMETHODCALLTYPE AddSimpleMemberSized(BSTR sName, SHORT DataType, SHORT DataSize,
                                                          VARIANT_BOOL* pbResult) = 0;
 
@@ -64,7 +71,7 @@ struct IStructureDef : IValueDefBase {
   virtual HRESULT STDMETHODCALLTYPE put_CanBeNull(VARIANT vIndex, VARIANT_BOOL bCanBeNull) = 0;
 
   // Appends a member that is an array of nElemCount elements (0: as many as the value
-  // holds) of an elementary type; false, and nothing added, from code 14 on.
+  // holds) of an elementary type; true, or false, and nothing added, from code 14 on.
   virtual HRESULT STDMETHODCALLTYPE AddSimpleArrayMember(BSTR sName, SHORT DataType, LONG nElemCount,
                                                          VARIANT_BOOL* pbResult) = 0;
 };

@@ -36,12 +36,13 @@ struct IValueDefBase : IDispatch {
   virtual HRESULT STDMETHODCALLTYPE get_Name(BSTR* psName) = 0;
   virtual HRESULT STDMETHODCALLTYPE put_Name(BSTR sName) = 0;
 
-  // The size of a value in bytes, as far as the definition fixes it and as it was last
-  // calculated; 0 for values that carry their own length.
+  // The size of a value in bytes, as far as the definition fixes it; 0 for values that
+  // carry their own length. A structure answers what it last calculated, the other
+  // definitions what follows from what they hold now.
   virtual HRESULT STDMETHODCALLTYPE get_DataSize(ULONG* pdwSize) = 0;
 
-  // Works out the size (and, for a structure, the place of each member) anew and keeps
-  // it. Call it after the last change and before values are created.
+  // Works out the size anew; a structure keeps it, and with it the place of each member.
+  // Call it after the last change and before values are created.
   virtual HRESULT STDMETHODCALLTYPE CalculateDataSize(ULONG* pdwSize) = 0;
 
   // The number of bytes that WriteToBuffer needs for this definition.

@@ -19,7 +19,11 @@ class Error {
   // The failure of a call on another object that described it in `info`.
   Error(HRESULT code, Ptr<IErrorInfo> info) : code_(code), info_(std::move(info)) {}
 
+  // The failed status.
   [[nodiscard]] HRESULT code() const noexcept { return code_; }
+
+  // What went wrong, as it was given, narrow text; empty for the general words of the code
+  // and for the failure of another object, whose words are in info().
   [[nodiscard]] const std::string& reason() const noexcept { return reason_; }
 
   // The error object of the failing call; empty when it left none.

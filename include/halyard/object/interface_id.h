@@ -8,7 +8,8 @@
 
 namespace halyard {
 
-// What the compiler knows about interface I: its identifier and the one it extends.
+// What the compiler knows about interface I: kIid is its identifier, Base the interface
+// that it extends, void for IUnknown, which extends none.
 template <class I>
 struct InterfaceTraits {
   static constexpr IID kIid = I::kIid;

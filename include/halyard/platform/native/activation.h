@@ -4,6 +4,8 @@
 
 #include "halyard/platform/native/unknown.h"
 
+// Where an object may live, one bit each: in this process, behind a handler in it, in
+// another process of the machine, on another machine.
 enum CLSCTX : DWORD {
   CLSCTX_INPROC_SERVER = 0x1,
   CLSCTX_INPROC_HANDLER = 0x2,
@@ -15,5 +17,6 @@ enum CLSCTX : DWORD {
 // Creates an object of the class and asks it for the interface. With an outer unknown
 // the object becomes part of the outer one; only IUnknown may be asked for then
 // (CLASS_E_NOAGGREGATION otherwise). REGDB_E_CLASSNOTREG for a class that is not of
-// this library; the result is null on every failure.
+// this library and for a context without CLSCTX_INPROC_SERVER, as all of them live in the
+// process; E_POINTER for a null `ppv`. The result is null on every other failure.
 HRESULT CoCreateInstance(REFCLSID rclsid, IUnknown* pUnkOuter, DWORD dwClsContext, REFIID riid, void** ppv);

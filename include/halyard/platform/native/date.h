@@ -3,12 +3,13 @@
 
 #include "halyard/platform/native/types.h"
 
+// A calendar time in parts.
 struct SYSTEMTIME {
   WORD wYear;
   WORD wMonth;      // 1 to 12
   WORD wDayOfWeek;  // 0 is Sunday
-  WORD wDay;
-  WORD wHour;
+  WORD wDay;        // of the month, from 1
+  WORD wHour;       // 0 to 23
   WORD wMinute;
   WORD wSecond;
   WORD wMilliseconds;

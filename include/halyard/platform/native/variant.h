@@ -13,8 +13,13 @@ struct IDispatch;
 struct IRecordInfo;
 struct SAFEARRAY;
 
+// What a variant holds: one of the types, with VT_BYREF where it points at a value of
+// somebody else.
 using VARTYPE = USHORT;
 
+// The numbers of the types. VT_I and VT_UI are whole numbers with and without sign, of the
+// bytes that follow, VT_R reals; VT_INT and VT_UINT have 4 bytes. VT_ARRAY and VT_BYREF are
+// bits beside a type.
 enum VARENUM : USHORT {
   VT_EMPTY = 0,
   VT_NULL = 1,
@@ -63,6 +68,8 @@ inline constexpr BYTE DECIMAL_NEG = 0x80;
 
 struct VARIANT;
 
+// A record of a type that the person defined. None are made here; the member is there for
+// the size of the variant.
 struct VARIANT_RECORD {
   void* pvRecord;
   IRecordInfo* pRecInfo;
