@@ -16,6 +16,7 @@ suites_of() {
     "ctest_suite '$1 programs' build/$1 --label-exclude gtest"
     "gtest_suite '$1 examples' $programs/examples/halyard_example_tests"
     "gtest_suite '$1 unit' $programs/halyard_unit_tests"
+    "gtest_suite '$1 narrow forms' $programs/halyard_narrow_encoding_tests"
   )
 }
 

@@ -160,9 +160,9 @@ TEST(ArrayEncoding, CutReadingKeepsTheFieldsThatArrived) {
   }
 }
 
-TEST(ArrayEncoding, NullBufferWithoutRoomForAWordIsAShortOne) {
+TEST(ArrayEncoding, NullBufferIsAShortOneWhateverItsSize) {
   const auto definition = SimpleArrayDefinition(kLong, 2);
-  for (const ULONG size : {0u, 1u}) {
+  for (const ULONG size : {0u, 1u, 100u}) {
     Outcome outcome{E_UNEXPECTED, VARIANT_TRUE, kUntouched};
     outcome.status = definition->ReadFromBuffer(nullptr, size, &outcome.count, &outcome.result);
     EXPECT_EQ(outcome, TooShort());
@@ -180,7 +180,54 @@ TEST(ArrayEncoding, ElementDefinitionDecidesTheResult) {
   EXPECT_EQ(definition->put_ValueType(element.get()), S_OK);
   EXPECT_EQ(WriteTo(definition, 64).outcome, Moved(17));
   element->write.result = VARIANT_FALSE;
-  EXPECT_EQ(WriteTo(definition, 64).outcome.result, VARIANT_FALSE);
+  EXPECT_EQ(WriteTo(definition, 64).outcome, TooShort());
+}
+
+TEST(ArrayEncoding, ResultIsNeeded) {
+  const auto definition = SimpleArrayDefinition(kLong, 10);
+  Bytes bytes = Hex(kTriple);
+  ULONG count = kUntouched;
+  EXPECT_TRUE(Raises(E_POINTER, [&] {
+    return definition->ReadFromBuffer(bytes.data(), static_cast<ULONG>(bytes.size()), &count, nullptr);
+  }));
+  EXPECT_TRUE(Raises(E_POINTER, [&] {
+    return definition->WriteToBuffer(bytes.data(), static_cast<ULONG>(bytes.size()), &count, nullptr);
+  }));
+  EXPECT_EQ(count, kUntouched);
+  EXPECT_EQ(ToHex(bytes), kTriple);
+  EXPECT_EQ(Get(definition, &IArrayDef::get_ElementCount), 10);
+}
+
+TEST(ArrayEncoding, CountIsNeededOnlyWhereItWouldBeStored) {
+  const auto definition = NewArrayInfo();
+  Bytes bytes = Hex(kTriple);
+  const auto size = static_cast<ULONG>(bytes.size());
+  VARIANT_BOOL result = VARIANT_TRUE;
+  EXPECT_EQ(definition->ReadFromBuffer(bytes.data(), size - 1, nullptr, &result), S_OK);
+  EXPECT_EQ(result, VARIANT_FALSE);
+  result = VARIANT_TRUE;
+  EXPECT_TRUE(
+      Raises(E_POINTER, [&] { return definition->ReadFromBuffer(bytes.data(), size, nullptr, &result); }));
+  EXPECT_EQ(result, VARIANT_FALSE);
+  EXPECT_EQ(Encoded(definition), kTriple);  // all of it was read
+
+  GuardedBuffer buffer(size);
+  result = VARIANT_TRUE;
+  EXPECT_EQ(definition->WriteToBuffer(buffer.data(), size - 1, nullptr, &result), S_OK);
+  EXPECT_EQ(result, VARIANT_FALSE);
+  result = VARIANT_TRUE;
+  EXPECT_TRUE(
+      Raises(E_POINTER, [&] { return definition->WriteToBuffer(buffer.data(), size, nullptr, &result); }));
+  EXPECT_EQ(result, VARIANT_FALSE);
+  EXPECT_EQ(ToHex(buffer.Contents()), kTriple);
+}
+
+TEST(ArrayEncoding, ElementDefinitionThatLiesAboutItsBytesMovesNothingOutside) {
+  const auto element = NewForeign<ForeignDefinition>();
+  element->write.count = 1000;
+  const auto definition = NewArrayInfo();
+  EXPECT_EQ(definition->put_ValueType(element.get()), S_OK);
+  EXPECT_EQ(WriteTo(definition, 64).outcome, (Outcome{E_UNEXPECTED, VARIANT_FALSE, kUntouched}));
 }
 
 TEST(ArrayEncoding, SixtyFourLevelsAreRead) {
@@ -196,15 +243,10 @@ TEST(ArrayEncoding, DeeperNestingIsRefused) {
 // Every call that walks into the element definition of a definition that holds itself.
 void ExpectWalksToEnd(const Ptr<IArrayDef>& definition) {
   ULONG size = 0;
-  EXPECT_TRUE(FAILED(definition->CalculateDataSize(&size)));
-  EXPECT_TRUE(FAILED(definition->get_DataSize(&size)));
-  EXPECT_TRUE(FAILED(definition->get_PacketSize(&size)));
-  GuardedBuffer buffer(100000);
-  ULONG count = kUntouched;
-  VARIANT_BOOL result = VARIANT_TRUE;
-  const HRESULT status = definition->WriteToBuffer(buffer.data(), buffer.size(), &count, &result);
-  EXPECT_TRUE(FAILED(status) || result == VARIANT_FALSE);
-  EXPECT_TRUE(buffer.GuardsIntact());
+  EXPECT_TRUE(Raises(E_INVALIDARG, [&] { return definition->CalculateDataSize(&size); }));
+  EXPECT_TRUE(Raises(E_INVALIDARG, [&] { return definition->get_DataSize(&size); }));
+  EXPECT_TRUE(Raises(E_INVALIDARG, [&] { return definition->get_PacketSize(&size); }));
+  EXPECT_EQ(WriteTo(definition, 100000).outcome, (Outcome{E_INVALIDARG, VARIANT_FALSE, kUntouched}));
 }
 
 TEST(ArrayEncoding, DefinitionNestedInItselfFailsCleanly) {
@@ -220,7 +262,7 @@ TEST(ArrayEncoding, ValueOfADefinitionNestedInItselfIsNotMade) {
   EXPECT_EQ(definition->put_ValueType(definition.get()), S_OK);
   EXPECT_EQ(definition->put_ElementCount(1), S_OK);
   Ptr<IValueBase> value;
-  EXPECT_TRUE(FAILED(definition->CreateDataObject(value.Out())));
+  EXPECT_TRUE(Raises(E_INVALIDARG, [&] { return definition->CreateDataObject(value.Out()); }));
   EXPECT_FALSE(value);
   EXPECT_EQ(definition->put_ValueType(nullptr), S_OK);
 }
@@ -240,8 +282,9 @@ TEST(ArrayEncoding, ArrayNestedInItsOwnStructureFailsCleanly) {
   EXPECT_EQ(definition->put_ValueType(structure.get()), S_OK);
   AddMember(structure, OLESTR("again"), definition.get());
   ULONG size = 0;
-  EXPECT_TRUE(FAILED(definition->CalculateDataSize(&size)));
-  EXPECT_TRUE(FAILED(definition->get_PacketSize(&size)));
+  EXPECT_TRUE(Raises(E_INVALIDARG, [&] { return definition->CalculateDataSize(&size); }));
+  EXPECT_TRUE(Raises(E_INVALIDARG, [&] { return definition->get_PacketSize(&size); }));
+  EXPECT_EQ(WriteTo(definition, 100000).outcome, (Outcome{E_INVALIDARG, VARIANT_FALSE, kUntouched}));
   EXPECT_EQ(structure->RemoveAll(), S_OK);
 }
 

@@ -85,6 +85,21 @@ TEST(ArrayInfo, KeepsIdNameAndCount) {
   }
 }
 
+TEST(ArrayInfo, NegativeCountIsALargeOne) {
+  const auto definition = Typed(kLong, -1);
+  EXPECT_EQ(Get(definition, &IValueDefBase::get_DataSize), 4294967292u);
+  EXPECT_EQ(Calculate(definition), 4294967292u);
+  EXPECT_EQ(Encoded(definition), "00 00 00 00 00 00 FF FF 08 00 04 00 08 00 04 00 00 00");
+  EXPECT_EQ(Get(NewValue(definition), &IValueBase::get_Count), 65535);
+}
+
+TEST(ArrayInfo, CalculateDataSizeCountsSixteenBitsOfAnElement) {
+  const auto definition = ArrayDefinition(SimpleArrayDefinition(kLong, 40000), 1);
+  EXPECT_EQ(Get(definition, &IValueDefBase::get_DataSize), 160000u);
+  EXPECT_EQ(Calculate(definition), 160000u % 65536u);
+  EXPECT_EQ(Get(definition, &IValueDefBase::get_DataSize), 160000u);
+}
+
 TEST(ArrayInfo, PutDataTypeMakesAnElementDefinition) {
   const auto definition = Typed(kLong, 10);
   EXPECT_EQ(Get(definition, &IArrayDef::get_DataType), kLong);
@@ -195,7 +210,8 @@ TEST(ArrayInfo, ElementTypeChoosesTheClassOfValues) {
       {-1, "SimpleArray", "SimpleFixedArray"},         {0, "SimpleArray", "SimpleFixedArray"},
       {kString, "StringArray", "StringArray"},         {kFixedString, "SimpleArray", "SimpleFixedArray"},
       {kByteArray, "SimpleArray", "SimpleFixedArray"}, {kChar, "SimpleArray", "SimpleFixedArray"},
-      {kInt64, "SimpleArray", "SimpleFixedArray"},     {kDate, "SimpleArray", "SimpleFixedArray"}};
+      {kLong, "SimpleArray", "SimpleFixedArray"},      {kInt64, "SimpleArray", "SimpleFixedArray"},
+      {kDate, "SimpleArray", "SimpleFixedArray"}};
   for (const auto& row : kRows) {
     const auto definition = Typed(row.type, 0);
     Calculate(definition);
@@ -275,6 +291,7 @@ TEST(ArrayInfo, NullOutArgumentsAreRejected) {
   EXPECT_EQ(definition->get_TypeString(nullptr), E_POINTER);
   EXPECT_EQ(definition->get_DataType(nullptr), E_POINTER);
   EXPECT_EQ(definition->get_ValueType(nullptr), E_POINTER);
+  EXPECT_EQ(definition->get_Count(nullptr), E_POINTER);
   EXPECT_EQ(definition->get_ElementCount(nullptr), E_POINTER);
   EXPECT_EQ(definition->get_DataTypeString(nullptr), E_POINTER);
 }

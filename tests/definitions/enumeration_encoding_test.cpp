@@ -180,6 +180,34 @@ TEST(EnumerationEncoding, CountThatTheBufferCannotHoldIsKept) {
   EXPECT_EQ(definition->RemoveAll(), S_OK);
 }
 
+TEST(EnumerationEncoding, NullBufferIsAShortOneWhateverItsSize) {
+  for (const ULONG size : {0u, 100u}) {
+    Outcome outcome{E_UNEXPECTED, VARIANT_TRUE, kUntouched};
+    outcome.status = NewEnumeration()->ReadFromBuffer(nullptr, size, &outcome.count, &outcome.result);
+    EXPECT_EQ(outcome, TooShort()) << size;
+  }
+}
+
+TEST(EnumerationEncoding, ZerosInsideElementNamesTravel) {
+  const char* bytes = "00 00 00 00 00 00 04 00 01 00 07 03 00 61 00 62";
+  EXPECT_EQ(Name(Decoded(bytes), 0), "a\\u0000b");
+  EXPECT_EQ(Encoded(Decoded(bytes)), bytes);
+}
+
+// All elements are written, behind a count of 16 bits; a reader takes as many as that says.
+TEST(EnumerationEncoding, CountTravelsInSixteenBits) {
+  const auto definition = NewEnumeration();
+  VARIANT_BOOL added = VARIANT_FALSE;
+  for (int i = 0; i < 65537; ++i) ASSERT_EQ(definition->AddMember(nullptr, 7, &added), S_OK);
+  EXPECT_EQ(PacketSize(definition), 196621u);
+  const Written written = WriteTo(definition, 196621);
+  EXPECT_EQ(written.outcome, Moved(196621));
+  EXPECT_EQ(ToHex(Prefix(written.bytes, 13)), "00 00 00 00 00 00 04 00 01 00 07 00 00");
+  const auto read = NewEnumeration();
+  EXPECT_EQ(ReadFrom(read, written.bytes), Moved(13));
+  EXPECT_EQ(Get(read, &IEnumerationDef::get_ElementCount), 1);
+}
+
 TEST(EnumerationEncoding, NullArgumentsAreRejected) {
   const auto definition = NewEnumeration();
   ExpectNullBufferArgumentsRejected(definition);

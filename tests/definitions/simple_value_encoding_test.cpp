@@ -256,6 +256,14 @@ TEST(SimpleValueEncoding, ValidationTypeWithoutWidthKeepsTheBounds) {
   }
 }
 
+TEST(SimpleValueEncoding, BoundsOfAValidationTypeDateArePassedOver) {
+  const std::string bytes = "08 00 04 00 0D 00 D4 07 0F 03 00 00 00 00 D5 07 0F 03 00 00 00 00 00 00";
+  const auto definition = Decoded(bytes);
+  EXPECT_EQ(Min(definition), "I2 0");
+  EXPECT_EQ(Max(definition), "I2 0");
+  ExpectShortReads(bytes, NewDefinition);
+}
+
 TEST(SimpleValueEncoding, SizeIsReadWithoutACheckAgainstTheType) {
   const auto definition = Decoded("08 00 FF FF 00 00");
   EXPECT_EQ(Get(definition, &IValueDefBase::get_DataSize), 65535u);
@@ -268,10 +276,18 @@ TEST(SimpleValueEncoding, NullBuffersAreToldApart) {
   VARIANT_BOOL result = VARIANT_TRUE;
   EXPECT_EQ(definition->WriteToBuffer(nullptr, 0, &count, &result), E_POINTER);
   EXPECT_EQ(definition->WriteToBuffer(nullptr, 10, &count, &result), E_POINTER);
-  result = VARIANT_TRUE;
-  EXPECT_EQ(definition->ReadFromBuffer(nullptr, 0, &count, &result), S_OK);
-  EXPECT_EQ(result, VARIANT_FALSE);
-  EXPECT_EQ(count, kUntouched);
+  for (const ULONG size : {0u, 100u}) {
+    result = VARIANT_TRUE;
+    EXPECT_EQ(definition->ReadFromBuffer(nullptr, size, &count, &result), S_OK);
+    EXPECT_EQ(result, VARIANT_FALSE);
+    EXPECT_EQ(count, kUntouched);
+  }
+}
+
+TEST(SimpleValueEncoding, ZerosInsideAScriptTravel) {
+  const char* bytes = "01 00 00 00 01 00 03 00 61 00 62";
+  EXPECT_EQ(Get(Decoded(bytes), &ISimpleValueDef::get_ValidationScript), "a\\u0000b");
+  EXPECT_EQ(Encoded(Decoded(bytes)), bytes);
 }
 
 }  // namespace

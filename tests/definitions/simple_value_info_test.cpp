@@ -201,6 +201,20 @@ TEST(SimpleValueInfo, BoundsAreCopies) {
   EXPECT_EQ(Describe(Get(definition, &ISimpleValueDef::get_MinValue)), "BSTR abc");
 }
 
+TEST(SimpleValueInfo, ReferencesAreFollowedWhenTheyArePut) {
+  const auto definition = SimpleDefinition(kLong);
+  LONG number = 5;
+  VARIANT reference;
+  VariantInit(&reference);
+  reference.vt = VT_BYREF | VT_I4;
+  reference.plVal = &number;
+  EXPECT_EQ(definition->put_MinValue(reference), S_OK);
+  EXPECT_EQ(definition->put_MaxValue(reference), S_OK);
+  number = 6;
+  EXPECT_EQ(Describe(Get(definition, &ISimpleValueDef::get_MinValue)), "I4 5");
+  EXPECT_EQ(Describe(Get(definition, &ISimpleValueDef::get_MaxValue)), "I4 5");
+}
+
 TEST(SimpleValueInfo, BoundThatCannotBeCopiedIsRaised) {
   const auto definition = SimpleDefinition(kLong);
   VARIANT impossible;

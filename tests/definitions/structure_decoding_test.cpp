@@ -29,6 +29,13 @@ Ptr<IValueDefBase> MemberAt(const Ptr<IStructureDef>& structure, LONG position) 
   return Get(structure, &IStructureDef::get_Members, I4(position));
 }
 
+// The type code of a member's definition; kNoDefinition for none.
+constexpr int kNoDefinition = -1;
+int TypeAt(const Ptr<IStructureDef>& structure, LONG position) {
+  const auto definition = MemberAt(structure, position);
+  return definition ? int{Get(definition, &IValueDefBase::get_Type)} : kNoDefinition;
+}
+
 // `depth` structures, each but the last with the next one as its only member.
 Bytes Nested(int depth) {
   Bytes result;
@@ -88,6 +95,13 @@ TEST(StructureDecoding, CutReadingKeepsTheFieldsThatArrived) {
     EXPECT_EQ(Get(structure, &IStructureDef::MemberIndex, Bstr(OLESTR("a")).get()), size < 15 ? -1 : 0)
         << size;
     EXPECT_EQ(Get(structure, &IStructureDef::MemberIndex, Bstr(OLESTR("b")).get()), size < 33 ? -1 : 1)
+        << size;
+    EXPECT_EQ(Get(structure, &IValueDefBase::get_DataSize), size < 12 ? 0u : 0x1234u) << size;
+    if (size < 10) continue;
+    EXPECT_EQ(TypeAt(structure, 0), size < 24 ? kNoDefinition : int{kLong}) << size;
+    EXPECT_EQ(TypeAt(structure, 1), size < 40 ? kNoDefinition : int{kShort}) << size;
+    EXPECT_EQ(Get(structure, &IStructureDef::get_CanBeNull, I4(0)), VARIANT_FALSE) << size;
+    EXPECT_EQ(Get(structure, &IStructureDef::get_CanBeNull, I4(1)), size < 36 ? VARIANT_FALSE : VARIANT_TRUE)
         << size;
   }
 }
@@ -246,8 +260,7 @@ TEST(StructureDecoding, OldDefinitionThatLiesAboutItsBytesReadsNothingOutside) {
   bytes.replace(bytes.find("01 00 00 00"), 2, "02");
   for (const ULONG lie : {ULONG{7}, ULONG{1000}, ULONG{0x7FFFFFFF}, ULONG{0xFFFFFFFF}}) {
     foreign->read.count = lie;
-    const Outcome outcome = ReadFrom(structure, bytes);
-    EXPECT_FALSE(outcome.status == S_OK && outcome.result != VARIANT_FALSE) << lie;
+    EXPECT_EQ(ReadFrom(structure, bytes), (Outcome{E_UNEXPECTED, VARIANT_FALSE, kUntouched})) << lie;
   }
 }
 
@@ -262,12 +275,28 @@ TEST(StructureDecoding, DeeperNestingIsRefused) {
 }
 
 TEST(StructureDecoding, NullBufferIsAShortOne) {
+  for (const ULONG size : {0u, 100u}) {
+    const auto structure = NewStructure();
+    Outcome outcome{E_UNEXPECTED, VARIANT_TRUE, kUntouched};
+    outcome.status = structure->ReadFromBuffer(nullptr, size, &outcome.count, &outcome.result);
+    EXPECT_EQ(outcome, TooShort()) << size;
+  }
+}
+
+// The definition's own name is read up to a zero, a member's with it; both are written as
+// they came, and a member is found by what stands before the zero.
+TEST(StructureDecoding, ZerosInsideNamesTravel) {
   const auto structure = NewStructure();
-  ULONG count = kUntouched;
-  VARIANT_BOOL result = VARIANT_TRUE;
-  EXPECT_EQ(structure->ReadFromBuffer(nullptr, 0, &count, &result), S_OK);
-  EXPECT_EQ(result, VARIANT_FALSE);
-  EXPECT_EQ(count, kUntouched);
+  const std::string bytes =
+      "00 00 03 00 61 00 62 00 00 01 00 04 00"
+      " 03 00 63 00 64 03 00 65 00 66 00 08 00 04 00 08 00 04 00 00 00";
+  EXPECT_EQ(ReadFrom(structure, bytes), Moved(static_cast<ULONG>(Hex(bytes).size())));
+  EXPECT_EQ(Get(structure, &IValueDefBase::get_Name), "a");
+  EXPECT_EQ(Get(structure, &IStructureDef::get_MemberName, 0), "c\\u0000d");
+  const Bstr longer(WideView(OLESTR("c\0x"), 3));
+  EXPECT_EQ(Get(structure, &IStructureDef::MemberIndex, Bstr(OLESTR("C")).get()), 0);
+  EXPECT_EQ(Get(structure, &IStructureDef::MemberIndex, longer.get()), 0);
+  EXPECT_EQ(Encoded(structure), bytes);
 }
 
 }  // namespace

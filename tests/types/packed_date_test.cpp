@@ -69,6 +69,32 @@ TEST(PackedDate, MonthsOutsideTheYearAreTakenAsTheRawDouble) {
   }
 }
 
+constexpr double kMinute = 60 * kSecond;
+constexpr double kHour = 60 * kMinute;
+
+TEST(PackedDate, FieldsBeyondTheirRangeRollOver) {
+  constexpr Row kRows[] = {
+      {"D1 07 1F 02 00 00 00 00", 36953},                 // 31 February 2001 is 3 March
+      {"D1 07 00 03 00 00 00 00", 36950},                 // day 0 of March is 28 February
+      {"D4 07 0F 03 00 19 00 00", 38062 + kHour},         // hour 25
+      {"D4 07 0F 03 00 FF 00 00", 38061 - kHour},         // hour -1
+      {"D4 07 0F 03 FF 00 00 00", 38061 - kMinute},       // minute -1
+      {"D4 07 0F 03 00 00 00 FF", 38061 - kSecond},       // second -1
+      {"D4 07 0F 03 3C 00 00 3C", 38061 + 61 * kMinute},  // minute and second 60
+      {"D4 07 0F 03 00 00 FF 00", 38061},                 // hundredths never count
+      {"04 00 0F 03 00 00 00 00", 38061},                 // year 4 is 2004
+  };
+  for (const Row& row : kRows) EXPECT_DOUBLE_EQ(Unpack(row.bytes), row.date) << row.bytes;
+}
+
+TEST(PackedDate, DaysOfNoMonthAndYearsOfNoCalendarAreTakenAsTheRawDouble) {
+  for (const char* bytes :
+       {"D4 07 20 03 00 00 00 00", "D4 07 FF 03 00 00 00 00", "D4 07 80 03 00 00 00 00",
+        "10 27 01 01 00 00 00 00", "FF FF 0F 03 00 00 00 00", "0F 27 1F 0C 00 19 00 00"}) {
+    EXPECT_EQ(Unpack(bytes), RawBytes(bytes)) << bytes;
+  }
+}
+
 TEST(PackedDate, HundredthsDoNotMoveTheDate) {
   EXPECT_DOUBLE_EQ(Unpack("D4 07 0F 03 1E 0C 63 2D"), 38061 + 45045 * kSecond);
 }
