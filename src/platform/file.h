@@ -29,8 +29,8 @@ bool ReadFromFile(FileHandle handle, void* bytes, std::uint32_t size, std::uint3
 // The same with one call of the system: what it has at hand, nothing only at the end.
 bool ReadSomeFromFile(FileHandle handle, void* bytes, std::uint32_t size, std::uint32_t* count) noexcept;
 
-// Whether somebody else holds the other end of the handle and may be gone when it is
-// written to, as with a pipe.
+// Whether somebody else holds the other end of the handle, as with a pipe: he may be gone
+// when it is written to, and share what is read.
 bool CanBreak(FileHandle handle) noexcept;
 
 // What becomes of bytes that a failing write has written before it failed.

@@ -17,15 +17,15 @@ void FileChannel::Take(FileHandle handle) noexcept {
   handle_ = handle;
   can_break_ = CanBreak(handle);
   is_alone_ = false;
-  lost_ = false;
+  lost_ = loss_told_ = false;
   ahead_begin_ = ahead_end_ = 0;
 }
 
 bool FileChannel::Close() noexcept {
   if (!IsOpen()) return true;
-  const bool whole = Flush();
+  const bool whole = Settle();
   CloseFile(std::exchange(handle_, kNoFile));
-  lost_ = false;
+  lost_ = loss_told_ = false;
   ahead_begin_ = ahead_end_ = 0;
   return whole;
 }
@@ -49,7 +49,7 @@ bool FileChannel::Read(void* bytes, std::uint32_t size, std::uint32_t* count) no
   while (*count < size) {
     if (ahead() == 0) {
       const std::uint32_t rest = size - *count;
-      if (!is_alone_ || rest >= kAheadBytes || !Refill()) {
+      if (!is_alone_ || can_break_ || rest >= kAheadBytes || !Refill()) {
         std::uint32_t more = 0;
         const bool done = ReadFromFile(handle_, place + *count, rest, &more);
         *count += more;
@@ -86,7 +86,7 @@ bool FileChannel::Write(const void* bytes, std::uint32_t size) {
 }
 
 unsigned char* FileChannel::RoomToWait(std::uint32_t size) {
-  if (size > buffer_size_ || lost_) return nullptr;
+  if (!IsOpen() || size > buffer_size_ || lost_) return nullptr;
   if (size > buffer_size_ - waiting_size_ && !Flush()) return nullptr;
   if (!waiting_) waiting_ = std::make_unique_for_overwrite<unsigned char[]>(buffer_size_);
   return waiting_.get() + waiting_size_;

@@ -24,26 +24,28 @@ class FileChannel {
 
   [[nodiscard]] bool IsOpen() const noexcept { return handle_ != kNoFile; }
 
-  // Takes over a handle; one held before is left open, and nothing may wait for it.
+  // Takes over a handle; one held before is left open, and nothing may wait for it: ask
+  // Settle before.
   void Take(FileHandle handle) noexcept;
 
   // Says that nobody else has this handle; no matter if it is not the one that was taken
-  // last. From now on it is read ahead, and what a failing write has written is taken back,
-  // which could hit the bytes of others elsewhere.
+  // last. From now on it is read ahead unless it is a pipe, and what a failing write has
+  // written is taken back, which could hit the bytes of others elsewhere.
   void HaveAlone(FileHandle handle) noexcept { is_alone_ = handle == handle_; }
 
-  // Hands over what waits and closes the handle, if there is one. False where written
-  // bytes were lost since the handle was taken.
+  // Settles, and closes the handle if there is one. False as Settle.
   bool Close() noexcept;
 
   // Hands over what waits. False where written bytes were lost since the handle was taken.
   bool Flush() noexcept;
 
+  // Hands over what waits, for one who is about to let go of the handle. False where written
+  // bytes were lost since it was taken, once: whoever was told may go on to another handle.
+  // This one takes no more bytes.
+  bool Settle() noexcept { return Flush() || std::exchange(loss_told_, true); }
+
   // Whether no bytes wait to be written.
   [[nodiscard]] bool NothingWaits() const noexcept { return waiting_size_ == 0; }
-
-  // Counts no more what was lost so far.
-  void ForgetLoss() noexcept { lost_ = false; }
 
   // The most bytes that may wait to be written; nothing may wait when it changes.
   void SetBufferSize(std::uint32_t size) noexcept;
@@ -74,7 +76,8 @@ class FileChannel {
     return Flush() && WriteBothToFile(handle_, head, bytes, can_break_, RemainsOfRecord());
   }
 
-  // Room for `size` bytes that will wait once they are Added, null where they would not.
+  // Room for `size` bytes that will wait once they are Added, null where they would not:
+  // without a handle nothing waits.
   // Throws std::bad_alloc.
   unsigned char* RoomToWait(std::uint32_t size);
   void AddToWaiting(std::uint32_t size) noexcept { waiting_size_ += size; }
@@ -97,6 +100,7 @@ class FileChannel {
   bool can_break_ = false;
   bool is_alone_ = false;
   bool lost_ = false;
+  bool loss_told_ = false;
 
   std::uint32_t buffer_size_ = 0;
   std::unique_ptr<unsigned char[]> waiting_;  // of that size, made when needed

@@ -62,6 +62,21 @@ bool IsWorthwhile(const ReadyBody& body) noexcept {
   return size <= kWorkBufferSize || (GathersWrites() && size <= std::numeric_limits<std::uint32_t>::max());
 }
 
+// Lets go of the value of a unit's earlier life when the reading into the unit ends, however
+// it ends. The unit, if there is one, must be held until then.
+class SpareEnd {
+ public:
+  explicit SpareEnd(Unit* unit) noexcept : unit_(unit) {}
+  ~SpareEnd() {
+    if (unit_ != nullptr) unit_->DropSpare();
+  }
+  SpareEnd(const SpareEnd&) = delete;
+  SpareEnd& operator=(const SpareEnd&) = delete;
+
+ private:
+  Unit* unit_;
+};
+
 }  // namespace
 
 OrmFile::OrmFile()
@@ -220,9 +235,7 @@ void OrmFile::CloseChannel() {
 }
 
 void OrmFile::TakeHandle(FileHandle handle) {
-  const bool whole = channel_.Flush();
-  channel_.ForgetLoss();
-  if (!whole) throw Error(E_FAIL, kLost);
+  if (!channel_.Settle()) throw Error(E_FAIL, kLost);
   channel_.Take(handle);
   is_astray_ = false;
 }
@@ -260,9 +273,7 @@ bool OrmFile::ReadIntoNewUnit() {
       SetUnit(nullptr);
       SetUnit(ActivateAs<IUnit>(kUnitClass));
     }
-    const bool done = ReadRecord();
-    if (!done && own_unit_ != nullptr) own_unit_->DropSpare();
-    return done;
+    return ReadRecord();
   } catch (...) {
     ReraiseAsOf(kClassName, "ReadUnit");
   }
@@ -285,9 +296,11 @@ bool OrmFile::ReadIntoLastValue() {
 
 bool OrmFile::ReadRecord() {
   const Ptr<IUnit> unit = Require(unit_, "the file has no current unit");
+  // A session of a client's may come back here and make another unit the current one.
+  Unit* const own = own_unit_;
+  const SpareEnd end(own);
   const Ptr<IOrmSession> session = session_;
-  if (own_unit_ == nullptr || !own_unit_->HasSession(session.get()))
-    Check(unit->put_Session(session.get()), unit);
+  if (own == nullptr || !own->HasSession(session.get())) Check(unit->put_Session(session.get()), unit);
   std::uint32_t length = 0;
   const WorkBuffer work(buffer_);
   RecordBuffer record(work);
@@ -296,7 +309,7 @@ bool OrmFile::ReadRecord() {
   is_astray_ = body == nullptr;
   if (is_astray_) return false;
   // The record may be longer than what the unit uses: the next one follows its length.
-  if (Unit* own = own_unit_) {
+  if (own != nullptr) {
     ReadCursor cursor(body, length);
     cursor.Offer(&record.own());
     return own->DecodeRecord(cursor);

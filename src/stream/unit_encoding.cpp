@@ -38,7 +38,6 @@ HRESULT Unit::ReadFromBuffer(unsigned char* pBuffer, ULONG dwBufferSize, ULONG* 
     result = VARIANT_TRUE;
     ReadCursor cursor(pBuffer, dwBufferSize);
     const Reading reading = Decode(cursor);
-    DropSpare();
     if (reading == Reading::kCutShort) result = VARIANT_FALSE;
     if (reading == Reading::kDone) count = cursor.position();
   });
@@ -46,9 +45,7 @@ HRESULT Unit::ReadFromBuffer(unsigned char* pBuffer, ULONG dwBufferSize, ULONG* 
 
 bool Unit::DecodeRecord(ReadCursor& cursor) {
   try {
-    const Reading reading = Decode(cursor);
-    DropSpare();
-    return reading != Reading::kCutShort;
+    return Decode(cursor) != Reading::kCutShort;
   } catch (...) {
     ReraiseAsOf(kClassName, "ReadFromBuffer");
   }

@@ -2,6 +2,8 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <csignal>
 #include <numeric>
@@ -11,6 +13,7 @@
 #include "tests/support/composites.h"
 #include "tests/support/encoding.h"
 #include "tests/support/foreign_stream.h"
+#include "tests/support/handles.h"
 #include "tests/support/memory.h"
 
 namespace halyard::test {
@@ -184,6 +187,24 @@ TEST(EachReadIsHeldUp, EveryRecordIsRead) {
       }
     }
   }
+}
+
+// A pipe may be opened by its name as well; what lies behind the record that was asked for
+// is left to others.
+TEST(NamedPipe, IsReadNoFurtherThanItsRecords) {
+  const TempFile place;
+  ASSERT_EQ(mkfifo(place.path().c_str(), 0600), 0);
+  const int pipe = open(place.path().c_str(), O_RDWR | O_CLOEXEC);
+  ASSERT_GE(pipe, 0);
+  const Bytes unit = Hex("66 00 08 00 00 00 05 00 00 00");
+  const Bytes record = Join({LittleEndian(unit.size(), 4), unit});
+  WriteHandle(pipe, Join({FileHeader(), record, record}));
+  const auto file = NewFile();
+  ASSERT_TRUE(OpenForRead(file, place.name()));
+  EXPECT_TRUE(ReadUnit(file));
+  EXPECT_EQ(ReadHandle(pipe, record.size()), record);
+  EXPECT_EQ(file->Close(), S_OK);
+  close(pipe);
 }
 
 // A limit for the size of files, as a disk that is full in the middle of a record.

@@ -190,6 +190,64 @@ TEST(OrmFileBuffering, AfterALossAHandleIsNotTaken) {
   CloseHandleValue(handle);
 }
 
+TEST(OrmFileBuffering, ALossThatAttachHasToldStillEndsTheWritingBehindIt) {
+  TempFile disk(FileOf({}));
+  TempFile other;
+  const auto file = BufferedFile();
+  const LONG lossy = OpenHandleThatRefusesWrites(disk.path());
+  ASSERT_TRUE(AttachForWrite(file, lossy));
+  const LONG handle = OpenHandleForWrite(other.path());
+  VARIANT_BOOL result = VARIANT_TRUE;
+  EXPECT_EQ(file->AttachForWrite(handle, &result), E_FAIL);
+  EXPECT_FALSE(WriteData(file, Seven().get()));
+  EXPECT_FALSE(WriteData(file, LongText(2 * kBuffer).get()));
+  EXPECT_FALSE(Flush(file));
+  EXPECT_EQ(Buffering(file)->put_BufferSize(kBuffer), E_FAIL);
+  EXPECT_TRUE(AttachForWrite(file, handle));
+  EXPECT_TRUE(WriteData(file, Seven().get()));
+  EXPECT_TRUE(Flush(file));
+  EXPECT_EQ(other.Contents(), FileOf({kUnit}));
+  EXPECT_TRUE(IsOpen(lossy));
+  CloseHandleValue(lossy);
+}
+
+// A file without a handle takes nothing, though it has a buffer, and opens as ever.
+void ExpectItTakesNothing(const Ptr<IOrmFile>& file) {
+  EXPECT_FALSE(WriteInfo(file, StructureDefinition({{OLESTR("a"), kLong}}, 3).get()));
+  EXPECT_FALSE(WriteData(file, Seven().get()));
+  const auto unit = CreateObject<IUnit>(kUnitClass);
+  EXPECT_EQ(unit->put_Value(Seven().get()), S_OK);
+  EXPECT_FALSE(WriteUnit(file, unit.get()));
+  EXPECT_TRUE(Flush(file));
+  EXPECT_EQ(file->Close(), S_OK);
+  const TempFile disk(FileOf({kUnit}));
+  EXPECT_TRUE(OpenForRead(file, disk.name()));
+  EXPECT_TRUE(OpenForWrite(file, disk.name()));
+  EXPECT_EQ(file->Close(), S_OK);
+  EXPECT_EQ(disk.Contents(), FileOf({}));
+  EXPECT_TRUE(OpenForWrite(NewFile(), disk.name()));
+}
+
+TEST(OrmFileBuffering, AFileThatWasNeverOpenedTakesNoRecords) { ExpectItTakesNothing(BufferedFile()); }
+
+TEST(OrmFileBuffering, AClosedFileTakesNoRecords) {
+  const TempFile disk;
+  const auto file = BufferedFile();
+  ASSERT_TRUE(OpenForWrite(file, disk.name()));
+  EXPECT_TRUE(WriteData(file, Seven().get()));
+  EXPECT_EQ(file->Close(), S_OK);
+  ExpectItTakesNothing(file);
+  EXPECT_EQ(disk.Contents(), FileOf({kUnit}));
+}
+
+TEST(OrmFileBuffering, AFileThatCouldNotBeOpenedTakesNoRecords) {
+  const TempFile missing;
+  const auto file = BufferedFile();
+  EXPECT_FALSE(OpenForRead(file, missing.name()));
+  ExpectItTakesNothing(file);
+  EXPECT_FALSE(missing.Exists());
+}
+
 TEST(OrmFileBuffering, AnAttachedHandleIsReadNoFurtherThanItsRecords) {
   TempFile disk(FileOf({kUnit, kUnit, kUnit}));
   const LONG handle = OpenHandleForRead(disk.path());

@@ -5,6 +5,7 @@
 
 #include "halyard/definitions/array_def.h"
 #include "tests/support/encoding.h"
+#include "tests/support/foreign_stream.h"
 #include "tests/support/foreign_value.h"
 #include "tests/support/streams.h"
 #include "tests/support/trees.h"
@@ -270,6 +271,35 @@ TEST(RenewedRecords, OtherSessionCounts) {
   EXPECT_FALSE(ReadData(logs.reader));
   EXPECT_EQ(logs.reader->put_Session(session.get()), S_OK);
   EXPECT_EQ(ShowTree(ReadData(logs.reader)), Shown(4));
+}
+
+// A value of a client's in the record that was read last.
+std::weak_ptr<void> ClientValueInTheLastRecord(const Logs& logs) {
+  const auto record = ReadData(logs.reader);
+  const auto foreign = NewForeign<ForeignValue>();
+  PutItem(record, kParts[0], Object(foreign));
+  return foreign->Life();
+}
+
+TEST(RenewedRecords, RecordBeforeOneThatCannotBeResolvedIsGone) {
+  const Logs logs(2);
+  const auto life = ClientValueInTheLastRecord(logs);
+  EXPECT_FALSE(life.expired());
+  EXPECT_EQ(logs.reader->put_Session(nullptr), S_OK);
+  Ptr<IUnit> unit;
+  EXPECT_EQ(logs.reader->ReadUnit(unit.Out()), E_POINTER);
+  EXPECT_TRUE(life.expired());
+}
+
+TEST(RenewedRecords, RecordBeforeAReadingThatFailsAtOnceIsGone) {
+  const Logs logs(2);
+  const auto life = ClientValueInTheLastRecord(logs);
+  const auto session = NewForeign<ForeignSession>();
+  EXPECT_EQ(logs.reader->put_Session(session.get()), S_OK);
+  session->query_status = E_ABORT;
+  Ptr<IUnit> unit;
+  EXPECT_EQ(logs.reader->ReadUnit(unit.Out()), E_ABORT);
+  EXPECT_TRUE(life.expired());
 }
 
 }  // namespace

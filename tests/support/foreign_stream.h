@@ -36,18 +36,21 @@ class ForeignUnit : public Foreign<IUnit> {
  public:
   Answer<ULONG> packet_size{0};
   BufferAnswer write;
+  HRESULT put_value_status = S_OK;
+  HRESULT put_info_status = S_OK;
+  HRESULT put_session_status = S_OK;
 
   HRESULT STDMETHODCALLTYPE get_IsDataUnit(VARIANT_BOOL*) override { return E_NOTIMPL; }
   HRESULT STDMETHODCALLTYPE get_IsInfoUnit(VARIANT_BOOL*) override { return E_NOTIMPL; }
   HRESULT STDMETHODCALLTYPE get_Type(SHORT*) override { return E_NOTIMPL; }
   HRESULT STDMETHODCALLTYPE get_TypeString(BSTR*) override { return E_NOTIMPL; }
   HRESULT STDMETHODCALLTYPE get_Value(IValueBase**) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE put_Value(IValueBase*) override { return S_OK; }
+  HRESULT STDMETHODCALLTYPE put_Value(IValueBase*) override { return put_value_status; }
   HRESULT STDMETHODCALLTYPE get_Info(IValueDefBase**) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE put_Info(IValueDefBase*) override { return S_OK; }
+  HRESULT STDMETHODCALLTYPE put_Info(IValueDefBase*) override { return put_info_status; }
   HRESULT STDMETHODCALLTYPE get_PacketSize(ULONG* out) override { return packet_size.To(out); }
   HRESULT STDMETHODCALLTYPE get_Session(IOrmSession**) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE put_Session(IOrmSession*) override { return S_OK; }
+  HRESULT STDMETHODCALLTYPE put_Session(IOrmSession*) override { return put_session_status; }
   HRESULT STDMETHODCALLTYPE ReadFromBuffer(unsigned char*, ULONG, ULONG*, VARIANT_BOOL*) override {
     return E_NOTIMPL;
   }

@@ -5,15 +5,18 @@
 // Without it every record is handed to the system by the call that writes it, so that a
 // record which was reported as written survives the end of the process. With a buffer it
 // may not: it waits until the buffer is full, and is lost where the process ends before.
-// Records are kept whole: what the system was handed ends with a whole record, and a
-// record larger than the buffer goes past it.
+// The header of a file waits, too, so Open and Attach may answer true before the system has
+// seen anything. Records are kept whole: what the system was handed ends with a whole
+// record. A record larger than the buffer goes past it, and so may one of more than 64000
+// bytes, where going past costs less than waiting. A file that is not open takes nothing.
 //
 // What waits is handed over by Flush, by Close, by the next Open or Attach, before
 // anything is read, and when the object ends. Where the system does not take it, the
-// waiting records are lost, and every later write and Flush answers false until the next
-// Close, Open or Attach. That one fails with E_FAIL, to tell it: Close and Open have
-// closed the handle then, Open has opened nothing, and Attach has not taken the new
-// handle. The end of the object can tell nobody: call Flush or Close before it.
+// waiting records are lost, and every later write and Flush answers false as long as the
+// object has that handle. The next Close, Open or Attach fails with E_FAIL, to tell it:
+// Close and Open have closed the handle then, Open has opened nothing, and Attach has not
+// taken the new handle; the one after it does. The end of the object can tell nobody: call
+// Flush or Close before it.
 #pragma once
 
 #include "halyard/object/interface_id.h"

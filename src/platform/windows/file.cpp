@@ -52,9 +52,9 @@ bool ReadSomeFromFile(FileHandle handle, void* bytes, std::uint32_t size, std::u
   return done;
 }
 
-// A broken pipe is a failed write like any other.
-bool CanBreak(FileHandle) noexcept { return false; }
+bool CanBreak(FileHandle handle) noexcept { return GetFileType(ToSystem(handle)) != FILE_TYPE_DISK; }
 
+// A broken pipe is a failed write like any other.
 bool WriteToFile(FileHandle handle, const void* bytes, std::uint32_t size, bool, Remains) noexcept {
   DWORD written = 0;
   return WriteFile(ToSystem(handle), bytes, size, &written, nullptr) != FALSE && written == size;
