@@ -12,6 +12,17 @@ halyard::Module* g_module = nullptr;
 
 constexpr const char* kModuleName = "Module";
 
+// False where there is no memory for the module: the system does not load the DLL then.
+BOOL Load(HINSTANCE instance) noexcept {
+  try {
+    g_module = new halyard::Module(instance);
+  } catch (...) {
+    return FALSE;
+  }
+  DisableThreadLibraryCalls(instance);
+  return TRUE;
+}
+
 }  // namespace
 
 extern "C" {
@@ -19,9 +30,7 @@ extern "C" {
 BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void* process_ends) {
   switch (reason) {
     case DLL_PROCESS_ATTACH:
-      g_module = new halyard::Module(instance);
-      DisableThreadLibraryCalls(instance);
-      break;
+      return Load(instance);
     case DLL_PROCESS_DETACH:
       if (process_ends == nullptr) delete g_module;
       break;

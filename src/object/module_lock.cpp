@@ -2,8 +2,6 @@
 
 #include <atomic>
 
-#include "halyard/object/live_objects.h"
-
 namespace halyard {
 namespace {
 
@@ -16,9 +14,5 @@ void LockModule() noexcept { ++g_locks; }
 void UnlockModule() noexcept { --g_locks; }
 
 LONG ModuleLockCount() noexcept { return g_locks; }
-
-#ifndef _WIN32
-LONG LiveObjects() noexcept { return ModuleLockCount(); }
-#endif
 
 }  // namespace halyard

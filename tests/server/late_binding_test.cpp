@@ -149,9 +149,5 @@ TEST_F(LateBinding, ReadsTheContentOfASingleValueWithoutANameOrIndex) {
   EXPECT_EQ(Describe(converted), "BSTR 42");
 }
 
-// The type library is gone, the classes are not: early-bound clients go on, late-bound
-
-// ones are told what is missing.
-
 }  // namespace
 }  // namespace halyard::test

@@ -112,6 +112,8 @@ TEST_F(LateFailures, SurvivesMissingParameters) {
             E_POINTER);
 }
 
+// The type library is gone, the classes are not: early-bound clients go on, late-bound
+// ones are told what is missing.
 TEST_F(LateFailures, NeedsTheTypeLibrary) {
   // A module of its own, which has not loaded any type information yet.
   const MovedCopy copy(L"halyard without a type library");

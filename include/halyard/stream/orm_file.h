@@ -4,6 +4,13 @@
 // File: 4 bytes signature "Orm" and zero, 4 bytes version (single 1.0), then records of
 // a length (4 bytes) and one unit. The object owns its handle, opened or attached, and
 // closes it on Close, on the next Open and at its end.
+//
+// A record is handed to the system with one write by the call that writes it, unless a
+// buffer was asked for (orm_file_buffering.h).
+//
+// The file has a current unit, through which everything passes: its own, the one that was
+// read last, or the one that WriteUnit was given. Where that was null there is none until
+// the next Read, and WriteData, WriteInfo, OpenForRead and AttachForRead are E_POINTER.
 #pragma once
 
 #include "halyard/object/interface_id.h"
@@ -38,7 +45,8 @@ struct IOrmFile : IDispatch {
   // that waited to be written were lost (see orm_file_buffering.h).
   virtual HRESULT STDMETHODCALLTYPE Close() = 0;
 
-  // Writes a value as one data record with one write; false when that fails.
+  // Writes a value as one data record; false when that fails, as on a closed file.
+  // E_POINTER for null, open or closed, and failures of the value.
   virtual HRESULT STDMETHODCALLTYPE WriteData(IValueBase* pData, VARIANT_BOOL* pbResult) = 0;
 
   // Reads one record and answers its value (the caller owns it): null for a record that
@@ -46,15 +54,16 @@ struct IOrmFile : IDispatch {
   // resolved. E_POINTER at the end of the file: find the end with ReadUnit or ReadInfo.
   virtual HRESULT STDMETHODCALLTYPE ReadData(IValueBase** ppData) = 0;
 
-  // Writes a definition as one info record with one write; false when that fails.
+  // Writes a definition as one info record, likewise.
   virtual HRESULT STDMETHODCALLTYPE WriteInfo(IValueDefBase* pData, VARIANT_BOOL* pbResult) = 0;
 
   // Reads one record and answers its definition (the caller owns it): null for a data
   // record and at the end of the file.
   virtual HRESULT STDMETHODCALLTYPE ReadInfo(IValueDefBase** ppData) = 0;
 
-  // Writes a unit as one record with one write; false when that fails. The unit stays
-  // the file's current unit, which the next WriteData or WriteInfo changes.
+  // Writes a unit as one record; false when that fails. E_POINTER for null and for a unit
+  // without a body. The unit stays the file's current unit, which the next WriteData or
+  // WriteInfo changes.
   virtual HRESULT STDMETHODCALLTYPE WriteUnit(IUnit* pData, VARIANT_BOOL* pbResult) = 0;
 
   // Reads one record as a unit (the caller owns it); null at the end of the file and

@@ -15,7 +15,8 @@ struct IOrmSession : IDispatch {
   static constexpr IID kIid = {0xEED6F013, 0xE209, 0x497A, {0x94, 0xEA, 0xEF, 0xE7, 0x6D, 0x4A, 0xA9, 0x15}};
 
   // The first definition with that type (a code, or a VT_BSTR type name) and id, or
-  // null; the caller owns the reference.
+  // null, also for an unknown type name; the caller owns the reference. DISP_E_TYPEMISMATCH
+  // or DISP_E_OVERFLOW for what does not convert to a type code.
   virtual HRESULT STDMETHODCALLTYPE GetTypeFromId(VARIANT vtType, SHORT wId, IValueDefBase** ppTypeInfo) = 0;
 
   // Registers a definition, which is shared; one of the same type and id is replaced in

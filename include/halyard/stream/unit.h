@@ -50,13 +50,17 @@ struct IUnit : IDispatch {
   // info unit, registers its definition. False only where the unit's own words are cut
   // short. True with the count untouched means that the body could not be read: its
   // definition is unknown, its type has no reader, or the body itself is cut short.
-  // E_POINTER where a session is needed and there is none, and for a definition type
-  // that no class has; E_NOTIMPL for the type Collection. The result is true then, too.
+  // E_POINTER where a session is needed and there is none; E_NOTIMPL for the type
+  // Collection. A definition type that no class has shows the message "Invalid type" (on
+  // Windows a box that waits for a person, see messages.h); the definition that the unit
+  // holds reads the body then, and without one the call is E_POINTER. The result is true
+  // where a call fails so.
   virtual HRESULT STDMETHODCALLTYPE ReadFromBuffer(unsigned char* pBuffer, ULONG dwBufferSize,
                                                    ULONG* pdwBytesRead, VARIANT_BOOL* pbResult) = 0;
 
   // Writes the unit into a buffer of dwBufferSize bytes. True with the number of bytes
-  // written, or false, with the count untouched, when the room ends or there is no body.
+  // written, or false, with the count untouched, when the room ends or there is no body. A
+  // unit of another kind, as reading may leave it, is its kind alone, 2 bytes.
   virtual HRESULT STDMETHODCALLTYPE WriteToBuffer(unsigned char* pBuffer, ULONG dwBufferSize,
                                                   ULONG* pdwBytesWritten, VARIANT_BOOL* pbResult) = 0;
 };
