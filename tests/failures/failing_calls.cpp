@@ -64,6 +64,8 @@ FailingCall::~FailingCall() { g_plan.reset(); }
 
 bool FailingCall::Happened() const { return g_happened; }
 
+std::size_t FailingCall::Count() const { return g_calls; }
+
 }  // namespace halyard::test
 
 extern "C" {

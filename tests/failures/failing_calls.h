@@ -16,6 +16,9 @@ enum class Fault {
   kHalfThenOnce   // moves half of the bytes; the next call fails with ENOSPC, later ones do not
 };
 
+// The number of a call that never comes.
+inline constexpr std::size_t kNoCall = static_cast<std::size_t>(-1);
+
 // While it lives, call number `which` (1 for the first) has the fault; for `which` 0, every
 // call has.
 class FailingCall {
@@ -27,6 +30,9 @@ class FailingCall {
 
   // Whether there were that many calls.
   [[nodiscard]] bool Happened() const;
+
+  // How many calls there were so far.
+  [[nodiscard]] std::size_t Count() const;
 };
 
 }  // namespace halyard::test

@@ -23,20 +23,33 @@ struct ClassRow {
 
 const std::vector<ClassRow>& Classes() {
   static const std::vector<ClassRow> rows = {
+      {"ArrayInfo", kArrayInfoClass, {IidOf<IArrayDef>, IidOf<IValueDefBase>}},
       {"SimpleValueInfo",
        kSimpleValueInfoClass,
        {IidOf<ISimpleValueInfo>, IidOf<ISimpleValueDef>, IidOf<IValueDefBase>}},
+      {"EnumerationInfo",
+       kEnumerationInfoClass,
+       {IidOf<IEnumerationInfo>, IidOf<IEnumerationDef>, IidOf<IValueDefBase>}},
       {"StructureInfo",
        kStructureInfoClass,
        {IidOf<IStructureInfo>, IidOf<IStructureDef>, IidOf<IValueDefBase>}},
+      {"StringArray", kStringArrayClass, {IidOf<IStringArray>, IidOf<IArray>, IidOf<IValueBase>}},
+      {"SimpleFixedArray",
+       kSimpleFixedArrayClass,
+       {IidOf<ISimpleFixedArray>, IidOf<ISimpleArray>, IidOf<IArray>, IidOf<IValueBase>}},
+      {"SimpleArray", kSimpleArrayClass, {IidOf<ISimpleArray>, IidOf<IArray>, IidOf<IValueBase>}},
+      {"Array", kArrayClass, {IidOf<IArrayImpl>, IidOf<IArray>, IidOf<IValueBase>}},
       {"SimpleValue", kSimpleValueClass, {IidOf<ISimpleValue>, IidOf<IValueBase>}},
       {"Structure", kStructureClass, {IidOf<IStructure>, IidOf<IValueBase>}},
+      {"Enumeration", kEnumerationClass, {IidOf<IEnumeration>, IidOf<IValueBase>}},
       {"SimpleFixedStructure",
        kSimpleFixedStructureClass,
        {IidOf<ISimpleFixedStructure>, IidOf<IStructure>, IidOf<IValueBase>}},
+      {"Collection", kCollectionClass, {IidOf<ICollectionImpl>, IidOf<ICollection>, IidOf<IValueBase>}},
       {"OrmSession", kOrmSessionClass, {IidOf<IOrmSession>}},
       {"Unit", kUnitClass, {IidOf<IUnit>}},
       {"OrmFile", kOrmFileClass, {IidOf<IOrmFile>, IidOf<IOrmFileBuffering>}},
+      {"OrmHelp", kOrmHelpClass, {IidOf<IOrmHelp>}},
   };
   return rows;
 }

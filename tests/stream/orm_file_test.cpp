@@ -6,6 +6,7 @@
 
 #include "tests/support/encoding.h"
 #include "tests/support/foreign_stream.h"
+#include "tests/support/handles.h"
 #include "tests/support/raised.h"
 #include "tests/support/streams.h"
 
@@ -35,6 +36,13 @@ Ptr<IOrmFile> OpenedForRead(const TempFile& disk) {
   const auto file = NewFile();
   EXPECT_TRUE(OpenForRead(file, disk.name()));
   return file;
+}
+
+// The unit of a definition, in hexadecimal.
+std::string EncodedInfo(const Ptr<IStructureDef>& definition) {
+  const auto unit = CreateObject<IUnit>(kUnitClass);
+  EXPECT_EQ(unit->put_Info(definition.get()), S_OK);
+  return Encoded(unit);
 }
 
 testing::AssertionResult ReadDataFails(const Ptr<IOrmFile>& file) {
@@ -281,8 +289,11 @@ TEST(OrmFile, SomethingElseIsNoSession) {
   foreign->query_status = E_NOINTERFACE;
   EXPECT_EQ(file->put_Session(foreign.get()), S_OK);
   EXPECT_FALSE(Get(file, &IOrmFile::get_Session));
+  const auto session = CreateObject<IOrmSession>(kOrmSessionClass);
+  EXPECT_EQ(file->put_Session(session.get()), S_OK);
   foreign->query_status = E_ABORT;
   EXPECT_TRUE(Raises(E_ABORT, [&] { return file->put_Session(foreign.get()); }));
+  EXPECT_TRUE(SameObject(Get(file, &IOrmFile::get_Session).get(), session.get()));
 }
 
 TEST(OrmFile, SessionOutlivesTheFileInItsUnits) {
@@ -312,14 +323,22 @@ TEST(OrmFile, ExactSizesAroundTheWorkBuffer) {
       EXPECT_TRUE(WriteData(file, value.get()));
       EXPECT_TRUE(WriteInfo(file, definition.get()));
     }
-    const auto file = OpenedForRead(disk);
-    EXPECT_TRUE(ReadInfo(file));
-    const auto unit = ReadUnit(file);
-    ASSERT_TRUE(unit) << unit_size;
-    EXPECT_EQ(PacketSize(unit), unit_size);
-    EXPECT_EQ(Item(Get(unit, &IUnit::get_Value), OLESTR("s")), "BSTR " + std::string(unit_size - 8, 'x'));
-    EXPECT_TRUE(ReadInfo(file)) << unit_size;
-    EXPECT_FALSE(ReadUnit(file)) << unit_size;
+    const Bytes data = Join({LittleEndian(unit_size, 4), Hex("66 00 0E 00 03 00"),
+                             LittleEndian(text.size(), 2), Bytes(text.size(), 'x')});
+    const Bytes info = Record(EncodedInfo(definition));
+    EXPECT_TRUE(disk.Contents() == Join({FileHeader(), info, data, info})) << unit_size;
+    for (const bool by_name : {true, false}) {
+      const auto file = NewFile();
+      ASSERT_TRUE(by_name ? OpenForRead(file, disk.name())
+                          : AttachForRead(file, OpenHandleForRead(disk.path())));
+      EXPECT_TRUE(ReadInfo(file));
+      const auto unit = ReadUnit(file);
+      ASSERT_TRUE(unit) << unit_size;
+      EXPECT_EQ(PacketSize(unit), unit_size);
+      EXPECT_EQ(Item(Get(unit, &IUnit::get_Value), OLESTR("s")), "BSTR " + std::string(text.size(), 'x'));
+      EXPECT_TRUE(ReadInfo(file)) << unit_size;
+      EXPECT_FALSE(ReadUnit(file)) << unit_size;
+    }
   }
 }
 

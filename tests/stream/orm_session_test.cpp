@@ -310,14 +310,27 @@ TEST(OrmSession, ReplacedDefinitionsAreReleased) {
   EXPECT_TRUE(life.expired());
 }
 
-TEST(OrmSession, DefinitionsAreReleasedWithTheSession) {
+// A definition that notes its id when it ends.
+class MortalDefinition : public ForeignDefinition {
+ public:
+  explicit MortalDefinition(std::vector<SHORT>* ended) : ended_(ended) { type.value = kStructure; }
+  ~MortalDefinition() override { ended_->push_back(id.value); }
+
+ private:
+  std::vector<SHORT>* ended_;
+};
+
+TEST(OrmSession, DefinitionsAreReleasedWithTheSessionInTheirOrder) {
   auto session = NewSession();
-  auto foreign = ForeignOf(14, 3);
-  const auto life = foreign->Life();
-  Add(session, foreign.get());
-  foreign.Reset();
+  std::vector<SHORT> ended;
+  for (const SHORT id : {SHORT{2}, SHORT{7}, SHORT{1}, SHORT{4}}) {
+    const Ptr<MortalDefinition> definition(new MortalDefinition(&ended));
+    definition->id.value = id;
+    EXPECT_EQ(Add(session, definition.get()), VARIANT_TRUE);
+  }
+  EXPECT_TRUE(ended.empty());
   session.Reset();
-  EXPECT_TRUE(life.expired());
+  EXPECT_EQ(ended, (std::vector<SHORT>{2, 7, 1, 4}));
 }
 
 TEST(OrmSession, NullOutPointersAreRejected) {
