@@ -66,9 +66,10 @@ struct IValueBase : IDispatch {
   virtual HRESULT STDMETHODCALLTYPE get_PacketSize(ULONG* pdwSize) = 0;
 
   // Takes the value from the first bytes of a buffer of dwBufferSize bytes; a null buffer
-  // has none. True (-1) with the number of bytes taken, or, when the buffer is too short,
-  // false (0) with the count untouched. S_OK in both cases. Without a definition a
-  // structure takes nothing and answers true; other kinds that need one answer E_POINTER.
+  // has none (E_POINTER for simple values, but for a String). True (-1) with the number of
+  // bytes taken, or, when the buffer is too short, false (0) with the count untouched. S_OK
+  // in both cases. Without a definition a structure takes nothing and answers true; other
+  // kinds that need one answer E_POINTER.
   virtual HRESULT STDMETHODCALLTYPE ReadFromBuffer(unsigned char* pBuffer, ULONG dwBufferSize,
                                                    ULONG* pdwBytesRead, VARIANT_BOOL* pbResult) = 0;
 
