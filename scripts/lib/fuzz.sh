@@ -33,9 +33,11 @@ fuzz_suite() {
   for folder in "tests/fuzz/seeds/$kept" "tests/golden/hostile/$kept"; do
     [[ -d "$folder" ]] && folders+=("$folder")
   done
+  local longest=4096
+  [[ "$kept" == file ]] && longest=70000 # records beyond the buffer of a file
   [[ -f "$dictionary" ]] && with_dictionary=("-dict=$dictionary")
   suite_minutes=$((seconds / 60 + 10))
-  run_suite "fuzz $target" "$program" "-max_total_time=$seconds" -timeout=20 -rss_limit_mb=2048 -max_len=4096 \
+  run_suite "fuzz $target" "$program" "-max_total_time=$seconds" -timeout=20 -rss_limit_mb=2048 "-max_len=$longest" \
     -print_final_stats=1 "${with_dictionary[@]}" "-artifact_prefix=build/fuzz/findings/$target-" \
     "build/fuzz/corpus/$target" "${folders[@]}"
   local runs

@@ -2,6 +2,7 @@
 #include <string>
 
 #include "halyard/halyard.h"
+#include "platform/native/utf.h"
 #include "platform/text.h"
 #include "tests/fuzz/support/input.h"
 #include "tests/fuzz/support/memory_bound.h"
@@ -36,6 +37,25 @@ void ConvertText(const Variant& text) {
   }
 }
 
+bool IsSurrogate(OLECHAR c) noexcept { return c >= 0xD800 && c <= 0xDFFF; }
+
+// Text that went through a narrow form has as many characters, and each is its own or, where
+// `is_lost` says that it may be, the one that stands for what has no such form.
+template <class IsLost>
+void HoldSame(const WideString& text, const WideString& back, OLECHAR stand_in, IsLost&& is_lost) {
+  Hold(text.size() == back.size(), "text keeps its length in another form");
+  for (std::size_t i = 0; i < text.size(); ++i)
+    Hold(text[i] == back[i] || (back[i] == stand_in && is_lost(i)),
+         "a character comes back from another form");
+}
+
+void ChangeForm(const WideString& text) {
+  HoldSame(text, Widen(Narrow(text)), u'?', [&](std::size_t i) { return text[i] > 0x7F; });
+  const WideString back = FromUtf8(ToUtf8(text));
+  HoldSame(text, back, kReplacementCharacter, [&](std::size_t i) { return IsSurrogate(text[i]); });
+  Hold(FromUtf8(ToUtf8(back)) == back, "text that is well-formed comes back from UTF-8 as it was");
+}
+
 void PackDates(Input input) {
   while (!input.AtEnd()) {
     PackedDate packed{};
@@ -59,6 +79,9 @@ void TextTarget(InputBytes bytes) {
   const WideString wide = Widen(narrow);
   Hold(Narrow(wide) == narrow, "narrow text comes back from its wide form");
   ConvertText(Variant(WideView(wide)));
+  const WideString text = Input(bytes).Text();
+  ChangeForm(text);
+  if (text != wide) ConvertText(Variant(WideView(text)));
   PackDates(Input(bytes));
 }
 

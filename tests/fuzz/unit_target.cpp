@@ -1,7 +1,8 @@
 #include "tests/fuzz/support/encoding.h"
 #include "tests/fuzz/support/memory_bound.h"
 #include "tests/fuzz/support/objects.h"
-#include "tests/fuzz/support/own_types.h"
+#include "tests/fuzz/support/sizes.h"
+#include "tests/fuzz/support/soundness.h"
 #include "tests/fuzz/support/walk.h"
 #include "tests/fuzz/targets.h"
 
@@ -17,11 +18,20 @@ void LookAtUnit(const Ptr<IUnit>& unit) {
   if (definition) LookAt(definition);
 }
 
-// False where the unit holds a definition that its own type codes do not tell.
-bool HasOwnDefinition(const Ptr<IUnit>& unit) {
+Ptr<IValueDefBase> InfoOf(const Ptr<IUnit>& unit) {
   Ptr<IValueDefBase> definition;
   Check(unit->get_Info(definition.Out()));
-  return !definition || HasOwnTypes(definition);
+  return definition;
+}
+
+// Whether something in what was read may forbid that it is written.
+bool MayRefuse(const Ptr<IUnit>& unit) {
+  if (const auto definition = InfoOf(unit)) return !BoundsFit(definition);
+  Ptr<IValueBase> value;
+  Ptr<IValueDefBase> definition;
+  Check(unit->get_Value(value.Out()));
+  Check(value->get_Info(definition.Out()));
+  return HasDates(definition);
 }
 
 void Read(const Bytes& bytes, const Ptr<IOrmSession>& session) {
@@ -31,11 +41,14 @@ void Read(const Bytes& bytes, const Ptr<IOrmSession>& session) {
   LookAtUnit(unit);
   if (!read) return;
   const auto first = Encoded(unit);
-  if (!first || !HasOwnDefinition(unit)) return;
+  Hold(first || MayRefuse(unit), "a unit that was read can be written");
+  if (!first) return;
+  HoldSize(unit, first->size());
+  if (InfoOf(unit) && !HasOwnTypes(InfoOf(unit))) return;
   const auto next = CreateObject<IUnit>(kUnitClass);
   Check(next->put_Session(session.get()));
-  if (ReadFrom(next, *first))
-    Hold(Encoded(next) == first, "a unit that was written and read writes the same");
+  Hold(ReadFrom(next, *first) == first->size(), "a unit reads all of what one wrote");
+  Hold(Encoded(next) == first, "a unit that was written and read writes the same");
 }
 
 }  // namespace

@@ -1,6 +1,10 @@
+#include <algorithm>
+
 #include "tests/fuzz/support/encoding.h"
 #include "tests/fuzz/support/memory_bound.h"
 #include "tests/fuzz/support/objects.h"
+#include "tests/fuzz/support/sizes.h"
+#include "tests/fuzz/support/soundness.h"
 #include "tests/fuzz/support/walk.h"
 #include "tests/fuzz/targets.h"
 
@@ -24,10 +28,21 @@ Ptr<IValueBase> NewValue(const Ptr<IValueDefBase>& definition) {
   return value;
 }
 
+// Whether the value is a block of bytes, which are its encoding, or a number.
+bool KeepsBytes(const Ptr<IValueBase>& value) {
+  return value.As<ISimpleArray>() || value.As<ISimpleFixedArray>() || value.As<ISimpleFixedStructure>() ||
+         value.As<IEnumeration>();
+}
+
 // What a value writes, another one of its definition reads and writes again.
-void CheckNextGeneration(const Ptr<IValueDefBase>& definition, const Ptr<IValueBase>& value) {
+void CheckNextGeneration(const Ptr<IValueDefBase>& definition, const Ptr<IValueBase>& value,
+                         InputBytes source) {
   const auto first = Encoded(value);
+  Hold(first || HasDates(definition), "a value that was read can be written");
   if (!first) return;
+  HoldSize(value, first->size());
+  if (KeepsBytes(value))
+    Hold(std::ranges::equal(*first, source), "a value of fixed width writes the bytes that it read");
   const auto next = NewValue(definition);
   Hold(ReadFrom(next, *first) == first->size(), "a value reads all of what one wrote");
   Hold(Encoded(next) == first, "a value that was written and read writes the same");
@@ -48,9 +63,10 @@ void ValueTarget(InputBytes bytes) {
   static_cast<void>(definition->CalculateDataSize(&size));
   const auto value = NewValue(definition);
   if (!value) return;
-  const bool read = ReadFrom(value, input.Rest()).has_value();
+  const Bytes source = input.Rest();
+  const auto taken = ReadFrom(value, source);
   LookAt(value);
-  if (read) CheckNextGeneration(definition, value);
+  if (taken) CheckNextGeneration(definition, value, InputBytes(source).first(*taken));
 }
 
 }  // namespace halyard::fuzz

@@ -49,7 +49,7 @@ std::optional<Bytes> Encoded(const Ptr<I>& object) {
   if (SUCCEEDED(object->get_PacketSize(&size)) && size <= kMostBytes) {
     if (auto bytes = WriteInto(object, size)) return bytes;
   }
-  constexpr ULONG kRoom = 1 << 14;  // for what says to need less than it does
+  constexpr ULONG kRoom = 1 << 17;  // for what says to need less than it does
   return WriteInto(object, kRoom);
 }
 

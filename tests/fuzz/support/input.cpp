@@ -22,4 +22,14 @@ Bytes Input::Take(std::size_t count) {
   return {part.begin(), part.end()};
 }
 
+WideString Input::Text() {
+  constexpr std::uint8_t kLeadsUnit = 255;
+  WideString text;
+  while (!AtEnd()) {
+    const std::uint8_t byte = Byte();
+    text.push_back(static_cast<OLECHAR>(byte == kLeadsUnit ? Word() : byte));
+  }
+  return text;
+}
+
 }  // namespace halyard::fuzz

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "halyard/platform/wide_text.h"
+
 namespace halyard::fuzz {
 
 using Bytes = std::vector<unsigned char>;
@@ -26,6 +28,10 @@ class Input {
 
   // All that is left.
   Bytes Rest() { return Take(bytes_.size()); }
+
+  // All that is left, as text: each byte is the character of its number, save that 255 leads
+  // the two bytes of a UTF-16 code unit, which may be half of a character.
+  WideString Text();
 
  private:
   std::span<const unsigned char> bytes_;

@@ -32,4 +32,16 @@ Bytes MemoryFile::Content() const {
   return bytes;
 }
 
+LONG PipeOf(std::span<const unsigned char> bytes) {
+  constexpr std::size_t kUsualRoom = 1 << 16;
+  int ends[2];
+  Hold(pipe(ends) == 0, "the system has pipes");
+  if (bytes.size() > kUsualRoom)
+    Hold(fcntl(ends[1], F_SETPIPE_SZ, bytes.size()) >= 0, "a pipe can be made larger");
+  Hold(write(ends[1], bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size()),
+       "a pipe takes what it has room for");
+  close(ends[1]);
+  return ends[0];
+}
+
 }  // namespace halyard::fuzz

@@ -30,4 +30,8 @@ class MemoryFile {
   int descriptor_;
 };
 
+// A handle of its own, for whoever closes it, from which the bytes come once and in order:
+// it has no size and no places to go to. At most 1 MiB.
+LONG PipeOf(std::span<const unsigned char> bytes);
+
 }  // namespace halyard::fuzz
