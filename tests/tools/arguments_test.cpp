@@ -69,6 +69,25 @@ TEST(Arguments, OptionsThatGoNotTogetherAreRefused) {
   }
 }
 
+TEST(Arguments, AnUnknownOptionIsNoVerb) {
+  EXPECT_EQ(Said({"--foo"}), "halyard: there is no option '--foo'; 'halyard --help' lists them\n");
+  EXPECT_EQ(Said({"-"}), "halyard: there is no verb '-'; 'halyard --help' lists them\n");
+}
+
+TEST(Arguments, AMissingVerbIsNamed) {
+  const std::string said =
+      "halyard: the verb is missing: info, defs, cat, doctor, export, import, recover, merge, filter, manual "
+      "or "
+      "completion; 'halyard --help' explains them\n";
+  EXPECT_EQ(Said({}), said);
+  EXPECT_EQ(Said({"--encoding", "latin-1"}), said);
+}
+
+// The parser would take the next argument for the value.
+TEST(Arguments, AnEmptyValueBehindASignIsRefused) {
+  EXPECT_EQ(Said({"cat", "--member=", "a.orm"}), "halyard: there is no value in '--member='\n");
+}
+
 TEST(Arguments, StandardInputIsReadOnce) {
   const std::string said = "halyard: '-' is given twice, and standard input can be read only once\n";
   EXPECT_EQ(Said({"merge", "-", "-", "-o", "-"}), said);

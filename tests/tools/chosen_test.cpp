@@ -33,6 +33,14 @@ TEST_F(Chosen, NothingBehindTheEndIsTold) {
 }
 
 // Behind the range the file is not looked at, so nobody knows whether the definition comes.
+TEST_F(Chosen, DefinitionsThatAreNotThereAreTold) {
+  EXPECT_EQ(Run({"defs", "-r", "100-"}).err,
+            "halyard: " + file_ + ": nothing was chosen; the file has 5 records\n");
+  EXPECT_EQ(Run({"defs", "-d", "nosuch", "-r", "1-3"}).err,
+            "halyard: " + file_ + ": nothing was chosen in the records up to 3\n");
+  EXPECT_EQ(Run({"defs", "-r", "1"}).err, "");
+}
+
 TEST_F(Chosen, NothingInARangeIsTold) {
   const std::string said = "halyard: " + file_ + ": nothing was chosen in the records up to 3\n";
   for (const Outcome& outcome : {Run({"cat", "-d", "nosuch", "-r", "1-3"}),

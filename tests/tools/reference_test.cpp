@@ -19,6 +19,19 @@ TEST(Reference, HelpNamesEveryVerb) {
             std::string::npos);
 }
 
+TEST(Reference, HelpCallsVerbsVerbs) {
+  const std::string help = RunTool({"--help"}).out;
+  EXPECT_NE(help.find("Usage: halyard [OPTIONS] VERB\n"), std::string::npos) << help;
+  EXPECT_NE(help.find("\nVerbs:\n"), std::string::npos) << help;
+  EXPECT_EQ(help.find("ubcommand"), std::string::npos) << help;
+}
+
+TEST(Reference, HelpSaysWhatIsChosen) {
+  EXPECT_NE(RunTool({"defs", "--help"}).out.find("Only this definition, by name or id"), std::string::npos);
+  EXPECT_NE(RunTool({"cat", "--help"}).out.find("Only values of this definition, by name or id"),
+            std::string::npos);
+}
+
 TEST(Reference, HelpOfEveryVerbHasExamples) {
   for (const std::string& verb : kVerbs) {
     const Outcome outcome = RunTool({verb, "--help"});
@@ -41,7 +54,8 @@ TEST(Reference, TheManualPageIsSoundAndNamesEverything) {
 TEST(Reference, BashCompletesVerbsAndOptions) {
   const auto complete = [](const std::string& words, int position) {
     return RunShell("source <($HALYARD completion); COMP_WORDS=(" + words +
-                    "); COMP_CWORD=" + std::to_string(position) + "; _halyard; echo \"${COMPREPLY[*]}\"")
+                    "); COMP_CWORD=" + std::to_string(position) +
+                    "; _halyard; for reply in \"${COMPREPLY[@]}\"; do echo \"$reply\"; done")
         .out;
   };
   EXPECT_EQ(complete("halyard do", 1), "doctor\n");
@@ -51,6 +65,10 @@ TEST(Reference, BashCompletesVerbsAndOptions) {
   const Folder folder;
   const std::string file = folder.Make("sounding.orm", "");
   EXPECT_EQ(complete("halyard cat " + folder.File("sou"), 2), file + "\n");
+  EXPECT_EQ(complete("halyard export --raw Short", 3), "Short\nShortReal\n");
+  const std::string spaced = folder.Make("my sounding.orm", "");
+  EXPECT_EQ(complete("halyard cat " + folder.File("my"), 2), spaced + "\n");
+  EXPECT_EQ(complete("halyard cat " + folder.File("none"), 2), "");
 }
 
 TEST(Defs, DrawsTreeAndLayout) {

@@ -4,6 +4,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include "tools/halyard/number_export.h"
 #include "tools/halyard/reference.h"
 
 namespace halyard::tool {
@@ -18,7 +19,8 @@ std::string OptionWords(const CLI::App& app) {
   return fmt::format("{}", fmt::join(words, " "));
 }
 
-// {0} the verbs, {1} a case for each verb with its options, {2} the program's options.
+// {0} the verbs, {1} a case for each verb with its options, {2} the program's options, {3} the
+// types of raw numbers. Each line of what compgen finds is a name, which may hold spaces.
 constexpr char kScript[] = R"(# bash completion for halyard
 _halyard() {{
   local word="${{COMP_WORDS[COMP_CWORD]}}" before="${{COMP_WORDS[COMP_CWORD-1]}}" verb="" options="" i
@@ -29,13 +31,17 @@ _halyard() {{
     COMPREPLY=($(compgen -W "windows-1252 latin-1 utf-8" -- "$word"))
     return
   fi
+  if [[ "$before" == --raw ]]; then
+    COMPREPLY=($(compgen -W "{3}" -- "$word"))
+    return
+  fi
   case "$verb" in
 {1}    *) options="{0} {2}" ;;
   esac
   if [[ -z "$verb" || "$word" == -* ]]; then
     COMPREPLY=($(compgen -W "$options" -- "$word"))
   else
-    COMPREPLY=($(compgen -f -- "$word"))
+    mapfile -t COMPREPLY < <(compgen -f -- "$word")
   fi
 }}
 complete -o filenames -F _halyard halyard
@@ -51,7 +57,8 @@ std::string BashCompletion(const CLI::App& program) {
     cases += fmt::format("    {}) options=\"{} {}\" ;;\n", command->get_name(), OptionWords(*command),
                          OptionWords(program));
   }
-  return fmt::format(kScript, fmt::join(verbs, " "), cases, OptionWords(program));
+  return fmt::format(kScript, fmt::join(verbs, " "), cases, OptionWords(program),
+                     fmt::join(NumberTypeNames(), " "));
 }
 
 }  // namespace halyard::tool

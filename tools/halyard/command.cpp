@@ -17,6 +17,7 @@ CLI::Option& Described(CLI::Option* option, const Wanted& wanted) {
 Command::Command(CLI::App& program, const std::string& name, const std::string& about,
                  const Examples& examples)
     : app_(*program.add_subcommand(name, about)) {
+  app_.get().group("Verbs");
   std::string footer = "Examples:\n";
   for (const auto& [line, meaning] : examples) footer += fmt::format("  {}\n      {}\n", line, meaning);
   footer.pop_back();

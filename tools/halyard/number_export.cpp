@@ -1,6 +1,7 @@
 #include "tools/halyard/number_export.h"
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 #include <algorithm>
 #include <array>
@@ -37,10 +38,8 @@ const NumberType& NumberTypeNamed(const std::string& name) {
   for (const NumberType& type : kNumberTypes) {
     if (EqualIgnoringCase(type.name, name)) return type;
   }
-  throw Failure(ExitCode::kUsage,
-                fmt::format("'{}' is no number type; there are Char, Byte, Short, Word, Long, DWord, "
-                            "ShortReal and Real",
-                            name));
+  throw Failure(ExitCode::kUsage, fmt::format("'{}' is no number type; there are {}", name,
+                                              fmt::join(NumberTypeNames(), ", ")));
 }
 
 // The path as the library takes it. The titles of parts are such paths, and names that
@@ -80,6 +79,12 @@ Ptr<IArray> NewBatch(const DefinitionPtr& definition) {
 }
 
 }  // namespace
+
+std::vector<std::string> NumberTypeNames() {
+  std::vector<std::string> names;
+  for (const NumberType& type : kNumberTypes) names.emplace_back(type.name);
+  return names;
+}
 
 NumberExport::NumberExport(Output& output, const std::vector<std::string>& members,
                            const std::string& number_type)

@@ -11,6 +11,9 @@
 
 namespace halyard::tool {
 
+// The types of raw numbers, by which a person chooses one.
+std::vector<std::string> NumberTypeNames();
+
 // Writes the numbers of each value, or of each element of values that are arrays:
 // little-endian, without gaps, converted as C++ converts numbers. Several members follow
 // one another for each of them.

@@ -39,8 +39,8 @@ void Selection::AddDefinitionOption(Command& verb, const std::string& about) {
   verb.Option({"-d,--definition", "NAME|ID", about}, definitions_);
 }
 
-void Selection::AddOptions(Command& verb) {
-  AddDefinitionOption(verb, "Only values of this definition, by name or id; may be given several times");
+void Selection::AddOptions(Command& verb, const std::string& about) {
+  AddDefinitionOption(verb, about + ", by name or id; may be given several times");
   verb.Option({"-r,--records", "N|M-N|M-", "Only these records, counted from 1 over all records of the file"},
               [this](const std::string& text) { return TakeRange(text, range_); });
 }

@@ -20,8 +20,8 @@ struct RecordRange {
 
 class Selection {
  public:
-  // Adds --definition and --records to a verb.
-  void AddOptions(Command& verb);
+  // Adds --definition and --records to a verb; `about` begins what help says of the first.
+  void AddOptions(Command& verb, const std::string& about = "Only values of this definition");
 
   // Adds --definition alone, with another meaning.
   void AddDefinitionOption(Command& verb, const std::string& about);

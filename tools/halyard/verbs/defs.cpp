@@ -106,8 +106,10 @@ ExitCode Run(const Options& options) {
   Progress progress(input.name(), input.size());
   std::vector<DefinitionPtr> drawn;
   ExitCode code = ExitCode::kFine;
-  bool is_first = true;
+  std::uint64_t records = 0;
+  bool has_chosen = false;
   while (const auto record = reader.Next()) {
+    records = record->number;
     progress.At(record->offset);
     if (!record->head.IsInfo() || options.selection.IsOver(record->number)) continue;
     const auto unit = reader.Unit();
@@ -122,17 +124,18 @@ ExitCode Run(const Options& options) {
     }
     if (!options.selection.HasNumber(record->number) || !options.selection.HasDefinition(*decoded.definition))
       continue;
+    const bool is_first = !std::exchange(has_chosen, true);
     const DefinitionPtr part = DrawnPart(decoded.definition);
     if (part) drawn.push_back(part);
     if (options.picture == kStandardStream) continue;
-    if (!std::exchange(is_first, false)) output.Write("\n");
+    if (!is_first) output.Write("\n");
     tree.Show(*decoded.definition, record->number);
     if (options.shows_layout && part) output.Write("\n" + MapText(*part, style));
   }
   output.Finish();
   if (!options.picture.empty()) WritePicture(options.picture, drawn, input.name());
   RequireProperEnd(reader);
-  options.selection.RequireMet(input.name());
+  options.selection.Close(input.name(), records, has_chosen || code != ExitCode::kFine);
   return code;
 }
 
@@ -147,7 +150,7 @@ Verb AddDefs(CLI::App& program) {
                     "one of them, with a map of the bytes of its values"},
                    {"halyard defs --svg layout.svg soundings.orm", "the maps as a picture"}});
   command.Need({"FILE", "", "The file, or - for standard input"}, options->file);
-  options->selection.AddOptions(command);
+  options->selection.AddOptions(command, "Only this definition");
   command.Flag({"--layout", "", "Draw the bytes of each structure, 16 a row"}, options->shows_layout);
   command.Option({"--svg", "OUT", "Draw them as a picture into this file, or - for standard output"},
                  options->picture);

@@ -1,4 +1,7 @@
 // export: members of all values as a table, or one of them as raw numbers.
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
 #include <memory>
 
 #include "tools/halyard/client.h"
@@ -63,11 +66,10 @@ Verb AddExport(CLI::App& program) {
       {"-m,--member", "PATH",
        "Only this member, by its path (Depth, Position.X, Samples[3]); may be given several times"},
       options->members);
-  command.Option(
-      {"--raw", "TYPE",
-       "Little-endian numbers of this type instead of a table: Char, Byte, Short, Word, Long, DWord, "
-       "ShortReal or Real"},
-      options->number_type);
+  command.Option({"--raw", "TYPE",
+                  fmt::format("Little-endian numbers of this type instead of a table: {}",
+                              fmt::join(NumberTypeNames(), ", "))},
+                 options->number_type);
   options->table.AddOptions(command);
   command.Exclude("--raw", {"--delimiter", "--no-header", "--table-encoding"});
   return {command, [options] { return Run(*options); }};
