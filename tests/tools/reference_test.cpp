@@ -48,6 +48,8 @@ TEST(Reference, TheManualPageIsSoundAndNamesEverything) {
        {"\\-\\-layout", "\\-\\-svg", "\\-\\-json", "\\-\\-like", "\\-\\-raw", "\\-\\-encoding"}) {
     EXPECT_NE(page.find(option), std::string::npos) << option;
   }
+  EXPECT_NE(page.find(". Only with \\-\\-like\n"), std::string::npos);
+  EXPECT_NE(page.find(". Not with \\-\\-enumerations, \\-\\-name, \\-\\-type\n"), std::string::npos);
   EXPECT_EQ(page.find("\n'"), std::string::npos);
 }
 

@@ -3,6 +3,7 @@
 #include <fmt/ranges.h>
 
 #include <CLI/CLI.hpp>
+#include <set>
 
 #include "tools/halyard/reference.h"
 
@@ -38,11 +39,26 @@ std::string Names(const CLI::Option& option) {
   return text;
 }
 
+// The long names of options, in the order of the alphabet.
+std::string LongNames(const std::set<CLI::Option*>& options) {
+  std::set<std::string> names;
+  for (const CLI::Option* option : options) names.insert("--" + option->get_lnames().front());
+  return fmt::format("{}", fmt::join(names, ", "));
+}
+
+// What the option goes with and what it does not go with.
+std::string Company(const CLI::Option& option) {
+  std::string text;
+  if (!option.get_needs().empty()) text += ". Only with " + LongNames(option.get_needs());
+  if (!option.get_excludes().empty()) text += ". Not with " + LongNames(option.get_excludes());
+  return text;
+}
+
 std::string Options(const CLI::App& app) {
   std::string text;
   for (const CLI::Option* option : app.get_options()) {
     const std::string name = option->get_positional() ? option->get_name(true) : Names(*option);
-    text += fmt::format(".TP\n.B {}\n{}\n", Roff(name), Roff(option->get_description()));
+    text += fmt::format(".TP\n.B {}\n{}\n", Roff(name), Roff(option->get_description() + Company(*option)));
   }
   return text;
 }

@@ -56,8 +56,9 @@ Verb AddImport(CLI::App& program) {
                  options->import.name);
   command.Option({"--type", "COLUMN=TYPE", "The type of a column, as Price=Real or Code=FixedString(8)"},
                  options->import.types);
-  command.Option({"--enumerations", "N", "Make enumerations of columns with at most N different texts"},
-                 options->import.most_elements, kMostElements);
+  command.Option(
+      {"--enumerations", "N", "Make enumerations of columns with at most N different texts (65,535 at most)"},
+      options->import.most_elements, kMostElements);
   command.Flag({"--array", "", "One array value that holds all rows, instead of a record for each"},
                options->import.as_array);
   command.Option({"--like", "FILE", "Take the definition from this file"}, options->import.like);
