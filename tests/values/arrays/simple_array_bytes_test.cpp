@@ -161,22 +161,6 @@ TEST(SimpleArrayBytes, CountWhoseSizeWrapsIsNotRead) {
   EXPECT_EQ(WriteTo(reals, 64).outcome, TooShort());
 }
 
-TEST(SimpleArrayBytes, NullBufferIsEmpty) {
-  for (const LONG fixed : {0, 2}) {
-    const auto array = NewArray(SimpleArrayDefinition(kShort, fixed));
-    if (fixed == 0) AddAll(array, {0, 0});
-    ULONG count = kUntouched;
-    VARIANT_BOOL result = VARIANT_TRUE;
-    EXPECT_EQ(array->ReadFromBuffer(nullptr, 64, &count, &result), S_OK);
-    EXPECT_EQ(result, VARIANT_FALSE);
-    result = VARIANT_TRUE;
-    EXPECT_EQ(array->WriteToBuffer(nullptr, 64, &count, &result), S_OK);
-    EXPECT_EQ(result, VARIANT_FALSE);
-    EXPECT_EQ(count, kUntouched);
-    EXPECT_EQ(Items(array), "I2 0, I2 0");
-  }
-}
-
 TEST(SimpleArrayBytes, NullArgumentsAreRejected) { ExpectNullBufferArgumentsRejected(Shorts({1})); }
 
 }  // namespace

@@ -130,18 +130,6 @@ TEST(StringArrayBytes, CutTextKeepsWhatItHeld) {
   EXPECT_EQ(Items(array), "BSTR x");
 }
 
-TEST(StringArrayBytes, NullBufferIsEmpty) {
-  const auto array = Texts({OLESTR("x")});
-  ULONG count = kUntouched;
-  VARIANT_BOOL result = VARIANT_TRUE;
-  EXPECT_EQ(array->ReadFromBuffer(nullptr, 64, &count, &result), S_OK);
-  EXPECT_EQ(result, VARIANT_FALSE);
-  EXPECT_EQ(array->WriteToBuffer(nullptr, 64, &count, &result), S_OK);
-  EXPECT_EQ(result, VARIANT_FALSE);
-  EXPECT_EQ(count, kUntouched);
-  EXPECT_EQ(Items(array), "BSTR x");
-}
-
 TEST(StringArrayBytes, CutReadingKeepsTheCountAndWhatArrived) {
   const auto array = Texts({OLESTR("x"), OLESTR("y"), OLESTR("z")});
   EXPECT_EQ(ReadFrom(array, "02 00 00 00 02 00 61 00 02"), TooShort());
