@@ -283,5 +283,21 @@ TEST(SimpleValueBuffer, DateOutsideTheCalendarIsRaised) {
   }
 }
 
+// The size is not looked at, so null is no buffer of no bytes here.
+TEST(SimpleValueBuffer, NullBufferFailsButForAString) {
+  for (const SHORT type : {kChar, kShort, kLong, kInt64, kShortReal, kReal, kDate, kString}) {
+    const auto value = SimpleValue(type);
+    const HRESULT expected = type == kString ? S_OK : E_POINTER;
+    ULONG count = kUntouched;
+    VARIANT_BOOL result = VARIANT_TRUE;
+    EXPECT_EQ(value->ReadFromBuffer(nullptr, 64, &count, &result), expected) << type;
+    EXPECT_EQ(result, VARIANT_FALSE) << type;
+    result = VARIANT_TRUE;
+    EXPECT_EQ(value->WriteToBuffer(nullptr, 64, &count, &result), expected) << type;
+    EXPECT_EQ(result, VARIANT_FALSE) << type;
+    EXPECT_EQ(count, kUntouched) << type;
+  }
+}
+
 }  // namespace
 }  // namespace halyard::test
