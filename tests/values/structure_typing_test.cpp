@@ -23,6 +23,7 @@ testing::AssertionResult HasNoDefinition(const Ptr<IValueBase>& value) {
 }
 
 void ExpectNoMembers(const Ptr<IValueBase>& value) {
+  ASSERT_TRUE(value);
   EXPECT_TRUE(HasNoDefinition(value));
   EXPECT_EQ(Get(value, &IValueBase::get_Count), 0);
   for (const Variant& index : {I4(0), I4(-1), Text(OLESTR("a"))}) {
