@@ -150,7 +150,8 @@ TEST(StructureTyping, LayoutStaysWhatItWasWhenTheDefinitionChanges) {
   Calculate(definition);
   PutItem(value, OLESTR("b"), R8(1.5));
   EXPECT_EQ(Item(value, OLESTR("b")), "R8 1.5");
-  static_cast<void>(TryPutItem(value, OLESTR("c"), R8(2.5)));  // a member beyond the block
+  PutItem(value, OLESTR("c"), R8(2.5));  // a member beyond the block
+  EXPECT_EQ(Item(value, OLESTR("c")), "NULL");
   EXPECT_EQ(Item(value, OLESTR("a")), "I4 0");
   EXPECT_EQ(Item(value, OLESTR("b")), "R8 1.5");
   EXPECT_EQ(definition->RemoveAll(), S_OK);
@@ -298,10 +299,8 @@ TEST(SimpleFixedStructure, SizeBeyondSixteenBitsStaysInsideTheBlock) {
   const auto value = NewValue(definition);
   EXPECT_EQ(PacketSize(value), 14464u);
   for (const OLECHAR* name : {OLESTR("a"), OLESTR("b")}) {
-    static_cast<void>(TryPutItem(value, name, Text(OLESTR("text"))));
-    VARIANT item = Garbage<VARIANT>();
-    EXPECT_EQ(value->get_Item(Text(name).get(), &item), S_OK);
-    static_cast<void>(Own(item));
+    PutItem(value, name, Text(OLESTR("text")));  // neither field lies in the block
+    EXPECT_EQ(Item(value, name), "NULL");
   }
   EXPECT_EQ(WriteTo(value, 14464).outcome, Moved(14464));
 }

@@ -206,14 +206,13 @@ TEST(ArrayBytes, ArrayThatHoldsItselfFailsCleanly) {
   ASSERT_TRUE(SameObject(At(array, 0).get(), array.get()));
   ULONG size = 0;
   Ptr<IValueBase> copy;
-  EXPECT_TRUE(FAILED(array->get_PacketSize(&size)));
-  EXPECT_TRUE(FAILED(array->Copy(copy.Out())));
-  const Outcome written = WriteTo(array, 100000).outcome;
-  EXPECT_TRUE(FAILED(written.status) || written.result == VARIANT_FALSE);
+  const Outcome too_deep{E_INVALIDARG, VARIANT_FALSE, kUntouched};
+  EXPECT_TRUE(Raises(E_INVALIDARG, [&] { return array->get_PacketSize(&size); }));
+  EXPECT_TRUE(Raises(E_INVALIDARG, [&] { return array->Copy(copy.Out()); }));
+  EXPECT_EQ(WriteTo(array, 100000).outcome, too_deep);
   Bytes ones;
   for (int i = 0; i < 20000; ++i) ones.insert(ones.end(), {1, 0, 0, 0});
-  const Outcome read = ReadFrom(array, ones);
-  EXPECT_TRUE(FAILED(read.status) || read.result == VARIANT_FALSE);
+  EXPECT_EQ(ReadFrom(array, ones), too_deep);
   EXPECT_EQ(array->RemoveAll(), S_OK);
 }
 

@@ -283,7 +283,7 @@ TEST(Array, ValueIsTheArrayItself) {
 
 TEST(Array, HasNoNumberOfItsOwn) {
   Variant result;
-  EXPECT_TRUE(FAILED(ConvertObject(Points(2).get(), VT_I4, &result)));
+  EXPECT_EQ(ConvertObject(Points(2).get(), VT_I4, &result), DISP_E_TYPEMISMATCH);
 }
 
 TEST(Array, CopyIsDeep) {
