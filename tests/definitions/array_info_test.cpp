@@ -93,13 +93,6 @@ TEST(ArrayInfo, NegativeCountIsALargeOne) {
   EXPECT_EQ(Get(NewValue(definition), &IValueBase::get_Count), 65535);
 }
 
-TEST(ArrayInfo, CalculateDataSizeCountsSixteenBitsOfAnElement) {
-  const auto definition = ArrayDefinition(SimpleArrayDefinition(kLong, 40000), 1);
-  EXPECT_EQ(Get(definition, &IValueDefBase::get_DataSize), 160000u);
-  EXPECT_EQ(Calculate(definition), 160000u % 65536u);
-  EXPECT_EQ(Get(definition, &IValueDefBase::get_DataSize), 160000u);
-}
-
 TEST(ArrayInfo, PutDataTypeMakesAnElementDefinition) {
   const auto definition = Typed(kLong, 10);
   EXPECT_EQ(Get(definition, &IArrayDef::get_DataType), kLong);
