@@ -10,7 +10,7 @@ windows_targets=(halyard halyard_conformance_tests halyard_server_tests halyard_
 # The tests of the command-line tool whose subject is the tool and not the shell, the
 # terminal or the limits that this system sets. Sixty thousand definitions take a minute
 # where each is found in the registry.
-windows_tool_tests='Info.*:Cat.*:Defs.*:Doctor.*:Recover.*:Merge.*:Filter.*:Convert.*:Import.*:Export.*:-*Pipe*:Merge.RefusesWhenIdsRunOut'
+windows_tool_tests='Arguments.*:Chosen.*:Info.*:Cat.*:Defs.*:Doctor.*:Recover.*:Merge.*:Filter.*:Convert.*:Import.*:Export.*:-*Pipe*:Merge.RefusesWhenIdsRunOut'
 windows_bad_input='*BadInput.EmptyFile*:*BadInput.ForeignFile*:*BadInput.CutFile*:*BadInput.Directory*:*BadInput.MissingFile*'
 windows_bad_input+=':*BadInput.RandomBytesBehind*:*BadInput.HostileCounts*'
 
