@@ -194,7 +194,7 @@ TEST(EachReadIsHeldUp, EveryRecordIsRead) {
 TEST(NamedPipe, IsReadNoFurtherThanItsRecords) {
   const TempFile place;
   ASSERT_EQ(mkfifo(place.path().c_str(), 0600), 0);
-  const int pipe = open(place.path().c_str(), O_RDWR | O_CLOEXEC);
+  const int pipe = open(place.path().c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
   ASSERT_GE(pipe, 0);
   const Bytes unit = Hex("66 00 08 00 00 00 05 00 00 00");
   const Bytes record = Join({LittleEndian(unit.size(), 4), unit});

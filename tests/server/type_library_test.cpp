@@ -141,49 +141,80 @@ TEST_F(TypeLibrary, HasTheClassesWithTheirDefaultInterfaces) {
   }
 }
 
+// A slot that no header declares.
+struct DeclaredSlot {
+  const char* name;
+  INVOKEKIND kind;
+  DISPID id;
+  std::vector<ArgumentType> arguments;
+};
+
+constexpr IID kItemDefinition = {
+    0x3A109DDD, 0x72D5, 0x4204, {0xAF, 0x14, 0xBF, 0x40, 0xCF, 0xA2, 0xFF, 0x7C}};
+
+std::vector<DeclaredSlot> ItemDefinitionSlots() {
+  constexpr INVOKEKIND kGet = INVOKE_PROPERTYGET;
+  constexpr INVOKEKIND kPut = INVOKE_PROPERTYPUT;
+  constexpr INVOKEKIND kMethod = INVOKE_FUNC;
+  const ArgumentType index{VT_VARIANT};
+  const ArgumentType item{VT_USERDEFINED, 1, kItemDefinition};
+  const ArgumentType item_result{VT_USERDEFINED, 2, kItemDefinition};
+  std::vector<DeclaredSlot> slots;
+  const auto property = [&](const char* name, DISPID id, VARTYPE type) {
+    slots.push_back({name, kGet, id, {{type, 1}}});
+    slots.push_back({name, kPut, id, {{type}}});
+  };
+  property("Type", 1, VT_BSTR);
+  property("Name", 2, VT_BSTR);
+  property("Description", 3, VT_BSTR);
+  property("Count", 4, VT_I4);
+  property("SourceLine", 5, VT_I4);
+  property("MinVer", 6, VT_R8);
+  property("MaxVer", 7, VT_R8);
+  slots.push_back({"Members", kGet, 8, {index, item_result}});
+  slots.push_back({"Members", kPut, 8, {index, item}});
+  slots.push_back({"InsertMember", kMethod, 9, {index, item}});
+  slots.push_back({"Remove", kMethod, 10, {index}});
+  slots.push_back({"RemoveAll", kMethod, 11, {}});
+  slots.push_back({"IsStructureDefinition", kGet, 12, {{VT_BOOL, 1}}});
+  slots.push_back({"IsMemberDeclaration", kGet, 13, {{VT_BOOL, 1}}});
+  return slots;
+}
+
 struct DeclaredOnlyClass {
   const OLECHAR* clsid;
   const char* name;
   const char* interface_name;
-  std::vector<std::string> functions;
+  std::vector<DeclaredSlot> slots;
 };
+
+void ExpectDeclaredSlots(const std::vector<FunctionDescription>& functions,
+                         const std::vector<DeclaredSlot>& slots) {
+  ASSERT_EQ(functions.size(), slots.size());
+  for (std::size_t i = 0; i != slots.size(); ++i) {
+    SCOPED_TRACE(slots[i].name);
+    EXPECT_EQ(functions[i].name, slots[i].name);
+    EXPECT_EQ(functions[i].kind, slots[i].kind);
+    EXPECT_EQ(functions[i].id, slots[i].id);
+    std::vector<ArgumentType> arguments;
+    for (const Parameter& parameter : functions[i].parameters) arguments.push_back(parameter.type);
+    EXPECT_EQ(arguments, slots[i].arguments);
+    ExpectResultLast(functions[i]);
+  }
+}
 
 TEST_F(TypeLibrary, DeclaresTwoClassesWithoutAnImplementation) {
   const DeclaredOnlyClass classes[] = {
-      {L"{165A2855-5FDA-4B1E-909C-C54CFFB9CAD6}",
-       "ItemDefVD",
-       "IItemDefVD",
-       {"Type",
-        "Type",
-        "Name",
-        "Name",
-        "Description",
-        "Description",
-        "Count",
-        "Count",
-        "SourceLine",
-        "SourceLine",
-        "MinVer",
-        "MinVer",
-        "MaxVer",
-        "MaxVer",
-        "Members",
-        "Members",
-        "InsertMember",
-        "Remove",
-        "RemoveAll",
-        "IsStructureDefinition",
-        "IsMemberDeclaration"}},
+      {L"{165A2855-5FDA-4B1E-909C-C54CFFB9CAD6}", "ItemDefVD", "IItemDefVD", ItemDefinitionSlots()},
       {L"{5BFAC742-AC9E-4811-8C23-13F17FCB39FC}", "SessionVD", "ISessionVD", {}}};
   for (const DeclaredOnlyClass& expected : classes) {
+    SCOPED_TRACE(expected.name);
     const Ptr<ITypeInfo> info = DispatchHalf(library_, GuidOf(expected.clsid));
     EXPECT_EQ(DocumentationOf(info).name, expected.name);
     EXPECT_EQ(FactsOf(info).flags & TYPEFLAG_FCANCREATE, 0);
     const Ptr<ITypeInfo> main = Implemented(info, 0);
     EXPECT_EQ(DocumentationOf(main).name, expected.interface_name);
-    std::vector<std::string> names;
-    for (const FunctionDescription& function : Functions(VtableHalf(main))) names.push_back(function.name);
-    EXPECT_EQ(names, expected.functions);
+    ExpectDeclaredSlots(Functions(VtableHalf(main)), expected.slots);
   }
 }
 

@@ -120,13 +120,13 @@ TEST(FileChannel, AnotherHandleIsNotHadAlone) {
 TEST(FileChannel, APipeIsNeverReadAhead) {
   const Pipe pipe = OpenPipe();
   WriteHandle(pipe.write, BytesOf("abcdef"));
+  CloseHandleValue(pipe.write);  // so that nobody waits for more
   FileChannel channel;
   channel.Take(pipe.read);
   channel.HaveAlone(pipe.read);
   EXPECT_EQ(Read(channel, 2), "ab");
   EXPECT_EQ(ReadHandle(pipe.read, 4), BytesOf("cdef"));
   EXPECT_EQ(channel.BytesToEnd(), std::nullopt);
-  CloseHandleValue(pipe.write);
 }
 
 TEST(FileChannel, WhatWaitsIsWrittenBeforeAnythingIsRead) {

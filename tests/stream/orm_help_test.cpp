@@ -171,10 +171,16 @@ TEST(OrmHelp, ObjectThatIsNoDefinitionMakesNothing) {
 }
 
 TEST(OrmHelp, FailingElementDefinitionIsRaised) {
-  const auto element = NewForeign<ForeignDefinition>();
-  element->id.status = E_ABORT;
-  Ptr<IDispatch> array;
-  EXPECT_TRUE(Raises(E_ABORT, [&] { return Help()->CreateArray(Definition(element).get(), array.Out()); }));
+  const auto fails = [](auto&& set_status) {
+    const auto element = NewForeign<ForeignDefinition>();
+    set_status(*element, E_ABORT);
+    Ptr<IDispatch> array;
+    return Raises(E_ABORT, [&] { return Help()->CreateArray(Definition(element).get(), array.Out()); });
+  };
+  EXPECT_TRUE(fails([](ForeignDefinition& element, HRESULT status) { element.id.status = status; }));
+  EXPECT_TRUE(fails([](ForeignDefinition& element, HRESULT status) { element.name_status = status; }));
+  EXPECT_TRUE(fails([](ForeignDefinition& element, HRESULT status) { element.type.status = status; }));
+  EXPECT_TRUE(fails([](ForeignDefinition& element, HRESULT status) { element.query_status = status; }));
 }
 
 TEST(OrmHelp, ShellsOfEveryElementType) {
