@@ -17,12 +17,14 @@ struct Plan {
 
 std::optional<Plan> g_plan;
 std::size_t g_calls = 0;
+std::size_t g_moved = 0;
 bool g_happened = false;
 
 // The fault of the call that is made now, if it has one.
 std::optional<Fault> NextFault() {
   if (!g_plan) return std::nullopt;
   ++g_calls;
+  if (g_plan->fault == Fault::kDeviceGone && g_happened) return Fault::kDeviceGone;
   if (g_plan->fault == Fault::kHalfThenFull && g_happened) return Fault::kNoSpace;
   if (g_plan->fault == Fault::kHalfThenOnce && g_calls == g_plan->which + 1) return Fault::kNoSpace;
   if (g_plan->which != 0 && g_plan->which != g_calls) return std::nullopt;
@@ -35,6 +37,7 @@ int ErrorOf(Fault fault) {
     case Fault::kNoSpace:
       return ENOSPC;
     case Fault::kDevice:
+    case Fault::kDeviceGone:
       return EIO;
     default:
       return EINTR;
@@ -45,7 +48,11 @@ int ErrorOf(Fault fault) {
 template <class Call>
 ssize_t Move(std::size_t size, Call&& call) {
   const std::optional<Fault> fault = NextFault();
-  if (!fault) return call(size);
+  if (!fault) {
+    const ssize_t moved = call(size);
+    if (moved > 0 && !g_happened) g_moved += static_cast<std::size_t>(moved);
+    return moved;
+  }
   if (*fault == Fault::kHalf || *fault == Fault::kHalfThenFull || *fault == Fault::kHalfThenOnce)
     return call(std::max<std::size_t>(size / 2, std::min<std::size_t>(size, 1)));
   errno = ErrorOf(*fault);
@@ -56,6 +63,7 @@ ssize_t Move(std::size_t size, Call&& call) {
 
 FailingCall::FailingCall(std::size_t which, Fault fault) {
   g_calls = 0;
+  g_moved = 0;
   g_happened = false;
   g_plan = Plan{which, fault};
 }
@@ -65,6 +73,8 @@ FailingCall::~FailingCall() { g_plan.reset(); }
 bool FailingCall::Happened() const { return g_happened; }
 
 std::size_t FailingCall::Count() const { return g_calls; }
+
+std::size_t FailingCall::Moved() const { return g_moved; }
 
 }  // namespace halyard::test
 

@@ -10,6 +10,7 @@ namespace halyard::test {
 enum class Fault {
   kNoSpace,       // fails with ENOSPC
   kDevice,        // fails with EIO
+  kDeviceGone,    // fails with EIO, as do all later calls
   kInterrupted,   // fails with EINTR, as when a signal came first
   kHalf,          // moves half of the bytes, at least one
   kHalfThenFull,  // moves half of the bytes; all later calls fail with ENOSPC
@@ -33,6 +34,9 @@ class FailingCall {
 
   // How many calls there were so far.
   [[nodiscard]] std::size_t Count() const;
+
+  // How many bytes the calls before the first fault moved.
+  [[nodiscard]] std::size_t Moved() const;
 };
 
 }  // namespace halyard::test

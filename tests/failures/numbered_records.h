@@ -1,8 +1,8 @@
-// A file whose records are numbered, so that a reader can say which of them are there.
+// A file whose records are numbered, so that a reader can say which of them are there, and
+// whether each of their bytes is the one that was written.
 #pragma once
 
 #include <cstddef>
-#include <optional>
 #include <vector>
 
 #include "tests/support/handles.h"
@@ -10,51 +10,28 @@
 
 namespace halyard::test {
 
-// {Number Long, Text String}; id 1.
-inline Ptr<IStructureDef> NumberedDefinition() {
-  return StructureDefinition({{OLESTR("Number"), kLong}, {OLESTR("Text"), kString}}, 1);
-}
+// {Number Long, Text String}; id 1. With `samples`, arrays behind them hold so many Reals.
+Ptr<IStructureDef> NumberedDefinition(LONG samples = 0);
 
 // Writes records first, first + 1, ... until one is refused or `count` are written; how
 // many were reported as written.
-inline LONG WriteNumbered(const Ptr<IOrmFile>& file, const Ptr<IStructureDef>& definition, LONG first,
-                          LONG count) {
-  const auto record = NewValue(definition);
-  for (LONG i = 0; i < count; ++i) {
-    PutItem(record, OLESTR("Number"), I4(first + i));
-    PutItem(record, OLESTR("Text"),
-            Variant(WideView(WideString(static_cast<std::size_t>((first + i) % 50), OLESTR('t')))));
-    VARIANT_BOOL done = VARIANT_FALSE;
-    if (FAILED(file->WriteData(record.get(), &done)) || done == VARIANT_FALSE) return i;
-  }
-  return count;
-}
+LONG WriteNumbered(const Ptr<IOrmFile>& file, const Ptr<IStructureDef>& definition, LONG first, LONG count);
 
-// The number of a record that was read whole; none for anything else.
-inline std::optional<LONG> NumberOf(const Ptr<IUnit>& unit) {
-  Ptr<IValueBase> value;
-  if (FAILED(unit->get_Value(value.Out())) || !value) return std::nullopt;
-  const Variant number = Get(value, &IValueBase::get_Item, Text(OLESTR("Number")));
-  const Variant text = Get(value, &IValueBase::get_Item, Text(OLESTR("Text")));
-  if (number.type() != VT_I4 || text.type() != VT_BSTR) return std::nullopt;
-  const auto length = static_cast<LONG>(ViewOf(text->bstrVal).size());
-  return length == number->lVal % 50 ? std::optional(number->lVal) : std::nullopt;
-}
+// 0, 1, ... count - 1.
+std::vector<LONG> FirstNumbers(LONG count);
 
-// Reads on until the file gives no more; the numbers of the records that were whole.
-inline std::vector<LONG> ReadNumbered(const Ptr<IOrmFile>& file) {
-  std::vector<LONG> numbers;
-  for (;;) {
-    Ptr<IUnit> unit;
-    if (FAILED(file->ReadUnit(unit.Out())) || !unit) return numbers;
-    if (const auto number = NumberOf(unit)) numbers.push_back(*number);
-  }
-}
+// Reads on until the file gives no more; the numbers of the records. What the file gives
+// must be whole: the test fails for all else but definitions.
+std::vector<LONG> ReadNumbered(const Ptr<IOrmFile>& file);
 
 // The same of a file by name.
-inline std::vector<LONG> NumbersIn(const TempFile& place) {
-  const auto file = NewFile();
-  return OpenForRead(file, place.name()) ? ReadNumbered(file) : std::vector<LONG>();
-}
+std::vector<LONG> NumbersIn(const TempFile& place);
+
+// What lies in the first bytes of a file.
+struct WholeRecords {
+  LONG data = 0;         // records behind that of the definition
+  std::size_t tail = 0;  // bytes of one that is not whole
+};
+WholeRecords RecordsWithin(const Bytes& contents, std::size_t size);
 
 }  // namespace halyard::test

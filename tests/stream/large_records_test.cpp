@@ -54,7 +54,7 @@ Bytes FileWith(const Ptr<IArrayDef>& definition, const Bytes& bytes, LONG buffer
 
 Bytes EncodedBytes(const Ptr<IValueBase>& value) { return WriteTo(value, PacketSize(value)).bytes; }
 
-// The array of the second record of a file, which comes through a pipe or lies on disk.
+// The array of the second record of a file with these contents.
 Ptr<IArray> ReadBack(const Bytes& contents) {
   TempFile disk(contents);
   const auto file = NewFile();

@@ -2,13 +2,18 @@
 
 #include <algorithm>
 #include <fstream>
-#include <iterator>
+#include <system_error>
 
 namespace halyard::test {
 
 Bytes ContentOf(const std::filesystem::path& file) {
+  std::error_code failure;
+  const auto size = std::filesystem::file_size(file, failure);
+  Bytes bytes(failure ? 0 : static_cast<std::size_t>(size));
   std::ifstream stream(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
+  stream.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+  bytes.resize(static_cast<std::size_t>(stream.gcount()));
+  return bytes;
 }
 
 void MakeFile(const std::filesystem::path& file, const Bytes& bytes) {

@@ -3,6 +3,8 @@
 namespace halyard::test {
 namespace {
 
+constexpr std::size_t kLengthBytes = 4;
+
 VARIANT_BOOL BoolOf(bool value) { return value ? VARIANT_TRUE : VARIANT_FALSE; }
 
 // The answer of a call, which must be one of the two automation booleans.
@@ -59,13 +61,28 @@ Bytes FileHeader() { return Hex("4F 72 6D 00 00 00 80 3F"); }
 
 Bytes Record(std::string_view unit) {
   const Bytes bytes = Hex(unit);
-  return Join({LittleEndian(bytes.size(), 4), bytes});
+  return Join({LittleEndian(bytes.size(), kLengthBytes), bytes});
 }
 
 Bytes FileOf(std::initializer_list<std::string_view> units) {
   Bytes result = FileHeader();
   for (const std::string_view unit : units) result = Join({result, Record(unit)});
   return result;
+}
+
+std::vector<Bytes> RecordsOf(const Bytes& file) {
+  std::vector<Bytes> records;
+  std::size_t place = FileHeader().size();
+  while (place + kLengthBytes <= file.size()) {
+    std::size_t size = 0;
+    for (std::size_t i = kLengthBytes; i-- > 0;) size = size << 8 | file[place + i];
+    size += kLengthBytes;
+    if (size > file.size() - place) break;
+    const auto start = file.begin() + static_cast<std::ptrdiff_t>(place);
+    records.emplace_back(start, start + static_cast<std::ptrdiff_t>(size));
+    place += size;
+  }
+  return records;
 }
 
 }  // namespace halyard::test

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "halyard/stream/orm_file.h"
 #include "halyard/stream/orm_session.h"
@@ -36,5 +37,9 @@ Ptr<IValueDefBase> FindInSession(const Ptr<IOrmFile>& file, LONG type, SHORT id)
 Bytes FileHeader();
 Bytes Record(std::string_view unit);
 Bytes FileOf(std::initializer_list<std::string_view> units);
+
+// The whole records of a file with such a header, each with its length; a part of one at
+// the end is left out.
+std::vector<Bytes> RecordsOf(const Bytes& file);
 
 }  // namespace halyard::test
