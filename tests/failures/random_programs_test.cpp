@@ -1,14 +1,15 @@
 // Random programs over all interfaces when memory runs out.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
-#include <sstream>
 
 #include "tests/differential/program.h"
 #include "tests/differential/world.h"
 #include "tests/failures/failing_memory.h"
+#include "tests/failures/program_files.h"
 #include "tests/support/live_objects.h"
 #include "tests/support/temp_file.h"
 
@@ -63,35 +64,36 @@ ProgramRun RunWith(std::uint64_t seed, std::size_t failing) {
   return run;
 }
 
-// The first line that differs; empty where none does.
-std::string FirstOther(const std::string& expected, const std::string& actual) {
-  std::istringstream expected_lines(expected);
-  std::istringstream actual_lines(actual);
-  std::string wanted;
-  std::string line;
-  while (std::getline(actual_lines, line)) {
-    if (!std::getline(expected_lines, wanted) || line != wanted) return line;
-  }
-  return {};
-}
-
 bool TellsOfIt(const std::string& line) {
   const auto has = [&](const char* text) { return line.find(text) != std::string::npos; };
-  return line.empty() || has(kOutOfMemory) || line.rfind(kOpening, 0) == 0 ||
-         (has(kObject) && has(kTypeMismatch));
+  return has(kOutOfMemory) || line.rfind(kOpening, 0) == 0 || (has(kObject) && has(kTypeMismatch));
 }
 
 // Up to the call that lacked memory a program answers as ever; that call says so, if it
-// cannot do without. False where the program has no allocation of that number.
-bool EndsWell(std::uint64_t seed, std::size_t failing, const std::string& expected) {
+// cannot do without.
+void ExpectToldOf(bool happened, const Lines& expected, const Lines& lines) {
+  const auto [wanted, line] = std::mismatch(expected.begin(), expected.end(), lines.begin(), lines.end());
+  const auto number = static_cast<std::size_t>(line - lines.begin());
+  if (line != lines.end()) {
+    EXPECT_TRUE(happened && TellsOfIt(*line)) << *line;
+  } else {
+    EXPECT_TRUE(wanted == expected.end()) << "nothing is told instead of " << *wanted;
+  }
+  const auto files = FilesOf(lines);
+  ExpectWhatWasReported(files);
+  ExpectSameRecords(FilesOf(expected), files, number);
+}
+
+// Runs a program with that allocation failing. False where there is none of that number.
+bool EndsWell(std::uint64_t seed, std::size_t failing, const Lines& expected) {
   const std::string place = "program " + std::to_string(seed) + ", allocation " + std::to_string(failing);
+  const testing::ScopedTrace trace(__FILE__, __LINE__, place);
   static_cast<void>(SetErrorInfo(0, nullptr));
   const std::ptrdiff_t blocks = LiveBlocks();
   bool happened = false;
   {
     const ProgramRun run = RunWith(seed, failing);
-    const std::string other = FirstOther(expected, run.text);
-    EXPECT_TRUE(run.happened ? TellsOfIt(other) : other.empty()) << place << ": " << other;
+    ExpectToldOf(run.happened, expected, LinesOf(run.text));
     EXPECT_EQ(run.text.find(kThrownText), std::string::npos) << place;
     happened = run.happened;
   }
@@ -111,7 +113,8 @@ TEST(RandomPrograms, EndWellWhicheverAllocationFails) {
   for (std::uint64_t seed = 1; seed <= programs && !HasFailure(); ++seed) {
     const ProgramRun whole = RunWith(seed, kNoAllocation);
     const std::size_t step = wanted != nullptr ? 1 : whole.allocations / kTriesOfShortRuns + 1;
-    for (std::size_t i = 1 + seed % step; EndsWell(seed, i, whole.text); i += step) ++failed;
+    const Lines expected = LinesOf(whole.text);
+    for (std::size_t i = 1 + seed % step; EndsWell(seed, i, expected); i += step) ++failed;
   }
   EXPECT_GT(failed, programs);
   std::cout << failed << " allocations of " << programs << " programs failed\n";
