@@ -26,7 +26,7 @@ class Log {
     Tell(name + ".PacketSize", status, std::to_string(size));
     const Written written = WriteTo(object, kRoom);
     Tell(name + ".WriteToBuffer", written.outcome.status,
-         written.outcome.result != VARIANT_FALSE ? ToHex(written.bytes).substr(0, 90) : "too short");
+         written.outcome.result != VARIANT_FALSE ? ToHex(written.bytes) : "too short");
     const Outcome read = ReadFrom(object, written.bytes);
     Tell(name + ".ReadFromBuffer", read.status, std::to_string(read.result));
   }
@@ -123,7 +123,7 @@ void PlayFile(Stage& stage, Log& log) {
   log.Tell("file.WriteInfo", status, told());
   status = file->WriteData(Ptr(stage.record).get(), &done);
   log.Tell("file.WriteData", status, told());
-  log.Tell("file.Close", file->Close());
+  log.Tell("file.Close", file->Close(), ToHex(stage.place.Contents()));
   log.Tell("file.Session=", file->put_Session(Ptr(stage.session).get()));
   log.Tell("file.OpenForRead", file->OpenForRead(stage.place.name(), VARIANT_FALSE, &done), told());
   for (int i = 0; i < 3; ++i) {

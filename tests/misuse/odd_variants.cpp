@@ -66,6 +66,7 @@ void OddVariants::AddNumbers() {
   Add("without end", VT_R8).dblVal = std::numeric_limits<double>::infinity();
   Add("huge", VT_R8).dblVal = 1e300;
   Add("outside the calendar", VT_DATE).date = 1e9;
+  Add("the type of a structure", VT_I2).iVal = kStructure;
   Add("a failure", VT_ERROR).scode = DISP_E_PARAMNOTFOUND;
   Add("a text of a number", VT_BSTR).bstrVal = text_.get();
 }
