@@ -2,7 +2,9 @@
 // ones do no damage.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <iterator>
+#include <map>
 
 #include "tests/misuse/client_objects.h"
 #include "tests/misuse/client_scenario.h"
@@ -32,11 +34,34 @@ Ptr<IValueDefBase> PointDefinition() {
 }
 Ptr<IValueDefBase> SamplesDefinition() { return SimpleArrayDefinition(kShort, 0, 7); }
 
+constexpr int kMostUnits = 1000;  // in the file of a play
+
+// How many units a reader of the file comes to who knows nothing of clients; -1 where it
+// cannot be opened. A unit may hold what nobody can read, if a client wrote that.
+int UnitsIn(const TempFile& place) {
+  const auto file = NewFile();
+  if (!OpenForRead(file, place.name())) return -1;
+  for (int units = 0; units < kMostUnits; ++units) {
+    Ptr<IUnit> unit;
+    if (SUCCEEDED(file->ReadUnit(unit.Out())) && !unit) return units;
+  }
+  return kMostUnits;
+}
+
+// What was reported as written to the file of a play is there, and nothing else.
+void ExpectWritten(const Stage& stage) {
+  if (!stage.written.empty()) {
+    EXPECT_EQ(UnitsIn(stage.place), static_cast<int>(stage.written.size()));
+  }
+}
+
 // What a play tells with a client's definition that does the mischief.
 std::vector<std::string> PlayWith(Stage& stage, Inner inner, const std::shared_ptr<Mischief>& mischief) {
   const auto client = Ptr<ClientDefinition>(new ClientDefinition(inner(), mischief));
   stage.definition = client;
-  return Play(stage);
+  auto lines = Play(stage);
+  ExpectWritten(stage);
+  return lines;
 }
 
 std::vector<std::string> PlayWith(Inner inner, const Mischief& mischief) {
@@ -181,16 +206,26 @@ void AskTheCaller(Stage& stage) {
   if (stage.elements) static_cast<void>(ReadFrom(stage.elements, "00 00 00 00"));
 }
 
-void UseTheFile(Stage& stage) {
+constexpr const char* kOtherRecord = "another one's";
+
+Ptr<IValueDefBase> OtherDefinition() {
+  return StructureDefinition({{OLESTR("Other"), kDate}, {OLESTR("Text"), kString}}, 99, OLESTR("Other"));
+}
+
+void WriteToTheFile(Stage& stage) {
   VARIANT_BOOL done = VARIANT_FALSE;
+  static_cast<void>(stage.WriteInfo(kOtherRecord, OtherDefinition().get(), &done));
+}
+
+void UseTheFile(Stage& stage) {
   Ptr<IUnit> unit;
-  static_cast<void>(stage.file->WriteInfo(SimpleDefinition(kLong).get(), &done));
+  WriteToTheFile(stage);
   static_cast<void>(stage.file->ReadUnit(unit.Out()));
   static_cast<void>(stage.file->Close());
 }
 
 TEST_P(ClientDefinitions, MayCallBackAtAnyCall) {
-  for (const Deed deed : {&TakeApart, &LetGo, &AddMore, &AskTheCaller, &UseTheFile}) {
+  for (const Deed deed : {&TakeApart, &LetGo, &AddMore, &AskTheCaller, &WriteToTheFile, &UseTheFile}) {
     for (int call = 1;; ++call) {
       const auto mischief = std::make_shared<Mischief>();
       mischief->strikes_at = call;
@@ -206,6 +241,47 @@ TEST_P(ClientDefinitions, MayCallBackAtAnyCall) {
       if (mischief->calls < call) break;
     }
   }
+}
+
+// The records that may lie in the file of a play, by name.
+std::map<std::string, Bytes> AllRecords(Inner inner) {
+  std::map<std::string, Bytes> all;
+  Stage stage;
+  static_cast<void>(PlayWith(stage, inner, std::make_shared<Mischief>()));
+  const auto records = RecordsOf(stage.place.Contents());
+  EXPECT_EQ(records.size(), std::size(kRecordNames));
+  for (std::size_t i = 0; i < std::min(records.size(), std::size(kRecordNames)); ++i)
+    all[kRecordNames[i]] = records[i];
+  const TempFile place;
+  const auto file = NewFile();
+  EXPECT_TRUE(OpenForWrite(file, place.name()));
+  EXPECT_TRUE(WriteInfo(file, OtherDefinition().get()));
+  EXPECT_EQ(file->Close(), S_OK);
+  all[kOtherRecord] = RecordsOf(place.Contents()).at(0);
+  return all;
+}
+
+// A write within a write, of the same file: neither takes anything from the other.
+TEST_P(ClientDefinitions, MayWriteToTheFileThatWritesThem) {
+  const auto all = AllRecords(GetParam());
+  std::size_t most = 0;
+  for (int call = 1;; ++call) {
+    const auto mischief = std::make_shared<Mischief>();
+    mischief->strikes_at = call;
+    Stage stage;
+    mischief->act = [&] { WriteToTheFile(stage); };
+    static_cast<void>(PlayWith(stage, GetParam(), mischief));
+    std::vector<std::string> there;
+    for (const Bytes& record : RecordsOf(stage.place.Contents())) {
+      const auto is_it = [&](const auto& named) { return named.second == record; };
+      const auto found = std::find_if(all.begin(), all.end(), is_it);
+      there.push_back(found != all.end() ? found->first : ToHex(record));
+    }
+    EXPECT_EQ(there, stage.written) << "writing at call " << call;
+    most = std::max(most, there.size());
+    if (mischief->calls < call) break;
+  }
+  EXPECT_GT(most, std::size(kRecordNames)) << "nothing was written while something was written";
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, ClientDefinitions,

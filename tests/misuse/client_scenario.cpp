@@ -62,7 +62,9 @@ void PlayStructure(Stage& stage, Log& log) {
   log.Size("structure", structure);
   log.Tell("structure.CreateDataObject", structure->CreateDataObject(stage.record.Out()));
   if (stage.record) log.Value("record", stage.record, 1);
+  // Null for a while: a record is written only with a value there.
   if (stage.record) log.Tell("record.Item=", Ptr(stage.record)->put_Item(I4(1).get(), Variant::Null().get()));
+  if (stage.record) log.Tell("record.Item=", Ptr(stage.record)->put_Item(I4(1).get(), I4(3).get()));
   log.Bytes("structure", structure);
 }
 
@@ -117,11 +119,12 @@ void PlayFile(Stage& stage, Log& log) {
   VARIANT_BOOL done = VARIANT_FALSE;
   const auto told = [&] { return std::to_string(done); };
   log.Tell("file.OpenForWrite", file->OpenForWrite(stage.place.name(), &done), told());
-  HRESULT status = file->WriteInfo(Ptr(stage.definition).get(), &done);
+  HRESULT status = stage.WriteInfo(kRecordNames[0], Ptr(stage.definition).get(), &done);
   log.Tell("file.WriteInfo", status, told());
-  status = file->WriteInfo(Ptr(stage.structure).get(), &done);
+  status = stage.WriteInfo(kRecordNames[1], Ptr(stage.structure).get(), &done);
   log.Tell("file.WriteInfo", status, told());
   status = file->WriteData(Ptr(stage.record).get(), &done);
+  stage.Note(kRecordNames[2], status, done);
   log.Tell("file.WriteData", status, told());
   log.Tell("file.Close", file->Close(), ToHex(stage.place.Contents()));
   log.Tell("file.Session=", file->put_Session(Ptr(stage.session).get()));
@@ -142,6 +145,16 @@ void PlayFactory(Stage& stage, Log& log) {
 }
 
 }  // namespace
+
+void Stage::Note(const char* name, HRESULT status, VARIANT_BOOL done) {
+  if (SUCCEEDED(status) && done != VARIANT_FALSE) written.emplace_back(name);
+}
+
+HRESULT Stage::WriteInfo(const char* name, IValueDefBase* info, VARIANT_BOOL* done) {
+  const HRESULT status = Ptr(file)->WriteInfo(info, done);
+  Note(name, status, *done);
+  return status;
+}
 
 std::vector<std::string> Play(Stage& stage) {
   Log log;

@@ -22,7 +22,19 @@ struct Stage {
   Ptr<IValueBase> elements;  // of the array
   TempFile place;
   bool has_room = true;  // whether records as large as the definition says may be written
+
+  // The names of the records that were reported as written to the file, in that order.
+  std::vector<std::string> written;
+
+  // Notes a record of that name, if the call that writes it says that it did.
+  void Note(const char* name, HRESULT status, VARIANT_BOOL done);
+
+  // Writes a definition to the file, and notes it.
+  HRESULT WriteInfo(const char* name, IValueDefBase* info, VARIANT_BOOL* done);
 };
+
+// What a play writes to the file, in this order.
+inline constexpr const char* kRecordNames[] = {"definition", "structure", "record"};
 
 // Makes every call and tells what each answered, a line a call. The definition is a
 // member's, an array's elements', a session's, a unit's and a file's.
