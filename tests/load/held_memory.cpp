@@ -1,5 +1,6 @@
 #include "tests/load/held_memory.h"
 
+#include <malloc.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -13,6 +14,11 @@ std::size_t HeldMemory() {
   std::size_t resident = 0;
   std::ifstream("/proc/self/statm") >> whole >> resident;
   return resident * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+}
+
+std::size_t AllocatedMemory() {
+  const struct mallinfo2 blocks = mallinfo2();
+  return blocks.uordblks + blocks.hblkhd;
 }
 
 std::size_t OpenDescriptors() {
