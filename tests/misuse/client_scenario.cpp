@@ -82,12 +82,14 @@ void PlayArray(Stage& stage, Log& log) {
     log.Tell("array.Add", elements->Add(Object(element).get()));
     log.Tell("array.Add", elements->Add(I4(4).get()));
     log.Value("elements", elements, 0);
-    double numbers[1024] = {};  // a mischief may add elements
+    LONG count = 0;
+    static_cast<void>(elements->get_Count(&count));
+    std::vector<double> numbers(static_cast<std::size_t>(count));  // also where a mischief adds elements
     VARIANT_BOOL done = VARIANT_FALSE;
     const auto values = elements.As<IArray>();
     log.Tell("array.BuildNumericArray",
              values->BuildNumericArray(Bstr(OLESTR("")).get(), I4(kReal).get(),
-                                       reinterpret_cast<unsigned char*>(numbers), &done));
+                                       reinterpret_cast<unsigned char*>(numbers.data()), &done));
   }
   log.Bytes("array", array);
 }

@@ -6,7 +6,10 @@
 // windows.h must come first.
 #include <psapi.h>
 #else
-#include <sys/resource.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <string>
 #endif
 
 namespace halyard::test {
@@ -14,22 +17,38 @@ namespace {
 
 constexpr std::size_t kBound = std::size_t{128} << 20;
 
-// The most memory, in bytes, that the process has had in use so far.
-std::size_t PeakMemory() {
 #ifdef _WIN32
+
+// The most memory, in bytes, that the process has had in use so far; it cannot be reset.
+std::size_t PeakMemory() {
   PROCESS_MEMORY_COUNTERS counters{};
   K32GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
   return counters.PeakWorkingSetSize;
-#else
-  rusage usage{};
-  getrusage(RUSAGE_SELF, &usage);
-  return static_cast<std::size_t>(usage.ru_maxrss) * 1024;
-#endif
 }
+void ForgetPeak() {}
+
+#else
+
+// The most memory, in bytes, that the process has had in use since the peak was forgotten.
+std::size_t PeakMemory() {
+  std::ifstream status("/proc/self/status");
+  for (std::string word; status >> word;) {
+    std::size_t kilobytes = 0;
+    if (word == "VmHWM:" && status >> kilobytes) return kilobytes * 1024;
+  }
+  ADD_FAILURE() << "the system does not tell how much memory was in use";
+  return 0;
+}
+void ForgetPeak() { std::ofstream("/proc/self/clear_refs") << '5'; }
+
+#endif
 
 }  // namespace
 
-MemoryLimit::MemoryLimit() : start_(PeakMemory()) {}
+MemoryLimit::MemoryLimit() {
+  ForgetPeak();
+  start_ = PeakMemory();
+}
 
 bool MemoryLimit::Kept() const { return PeakMemory() - start_ < kBound; }
 

@@ -6,7 +6,8 @@
 namespace halyard::test {
 
 // A bound on what may be used while it lives, well above what small objects need and far
-// below what a hostile count asks for.
+// below what a hostile count asks for. On Windows what earlier tests had in use at once may
+// be used again unseen.
 class MemoryLimit {
  public:
   MemoryLimit();
@@ -15,7 +16,7 @@ class MemoryLimit {
   [[nodiscard]] bool Kept() const;
 
  private:
-  std::size_t start_;
+  std::size_t start_ = 0;
 };
 
 }  // namespace halyard::test
