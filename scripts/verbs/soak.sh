@@ -6,6 +6,7 @@ case "$form" in
     load=full
     kills=1000
     failing_programs=600
+    strikes=2000
     random_programs=50000
     fuzz_seconds=1200
     ;;
@@ -13,6 +14,7 @@ case "$form" in
     load=short
     kills=20
     failing_programs=20
+    strikes=5
     random_programs=300
     fuzz_seconds=5
     ;;
@@ -27,7 +29,7 @@ suite_minutes=600
 
 # The checks of this machine.
 soak_native() {
-  if ! build_preset native halyard_conformance_tests halyard_failure_tests halyard_load_tests; then
+  if ! build_preset native halyard_conformance_tests halyard_failure_tests halyard_struck_tests halyard_load_tests; then
     broken_suite "native build"
     return
   fi
@@ -36,6 +38,7 @@ soak_native() {
   at_once "gtest_suite load env HALYARD_LOAD=$load build/native/tests/load/halyard_load_tests" \
     "gtest_suite 'conformance under valgrind' $valgrind build/native/tests/halyard_conformance_tests" \
     "gtest_suite 'every allocation' env HALYARD_PROGRAMS=$failing_programs $failures --gtest_filter='RandomPrograms.*'" \
+    "counting_suite 'conformance without memory' env HALYARD_STRIKES=$strikes build/native/tests/failures/halyard_struck_tests" \
     "gtest_suite kills env HALYARD_KILLS=$kills $failures --gtest_filter='KilledWriter.*'"
 }
 

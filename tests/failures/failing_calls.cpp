@@ -1,5 +1,6 @@
 #include "tests/failures/failing_calls.h"
 
+#include <sys/stat.h>
 #include <sys/types.h>
 #include <sys/uio.h>
 
@@ -19,6 +20,16 @@ std::optional<Plan> g_plan;
 std::size_t g_calls = 0;
 std::size_t g_moved = 0;
 bool g_happened = false;
+
+std::size_t g_failing_step = 0;  // 0: none is counted
+std::size_t g_steps = 0;
+
+// Counts a step; whether it is the one that fails.
+bool StepFails() {
+  if (g_failing_step == 0 || ++g_steps != g_failing_step) return false;
+  errno = EIO;
+  return true;
+}
 
 // The fault of the call that is made now, if it has one.
 std::optional<Fault> NextFault() {
@@ -76,6 +87,15 @@ std::size_t FailingCall::Count() const { return g_calls; }
 
 std::size_t FailingCall::Moved() const { return g_moved; }
 
+FailingStep::FailingStep(std::size_t which) {
+  g_steps = 0;
+  g_failing_step = which;
+}
+
+FailingStep::~FailingStep() { g_failing_step = 0; }
+
+bool FailingStep::Happened() const { return g_steps >= g_failing_step; }
+
 }  // namespace halyard::test
 
 extern "C" {
@@ -100,6 +120,34 @@ ssize_t __wrap_writev(int file, const iovec* parts, int count) {
     shorter[1].iov_len = std::min(shorter[1].iov_len, size - shorter[0].iov_len);
     return __real_writev(file, shorter, 2);
   });
+}
+
+int __real_open(const char* path, int flags, ...);
+int __real_close(int file);
+off_t __real_lseek(int file, off_t offset, int whence);
+int __real_fstat(int file, struct stat* status);
+int __real_ftruncate(int file, off_t size);
+
+// The third argument counts only where a file may be made; it is harmless elsewhere.
+int __wrap_open(const char* path, int flags, mode_t mode) {
+  return halyard::test::StepFails() ? -1 : __real_open(path, flags, mode);
+}
+
+int __wrap_close(int file) {
+  const int closed = __real_close(file);
+  return halyard::test::StepFails() ? -1 : closed;
+}
+
+off_t __wrap_lseek(int file, off_t offset, int whence) {
+  return halyard::test::StepFails() ? -1 : __real_lseek(file, offset, whence);
+}
+
+int __wrap_fstat(int file, struct stat* status) {
+  return halyard::test::StepFails() ? -1 : __real_fstat(file, status);
+}
+
+int __wrap_ftruncate(int file, off_t size) {
+  return halyard::test::StepFails() ? -1 : __real_ftruncate(file, size);
 }
 
 }  // extern "C"

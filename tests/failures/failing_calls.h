@@ -39,4 +39,17 @@ class FailingCall {
   [[nodiscard]] std::size_t Moved() const;
 };
 
+// While it lives, call number `which` of those that open, close, place, cut and look at a
+// file fails with EIO. Closing fails after it has closed, as the system does it.
+class FailingStep {
+ public:
+  explicit FailingStep(std::size_t which);
+  ~FailingStep();
+  FailingStep(const FailingStep&) = delete;
+  FailingStep& operator=(const FailingStep&) = delete;
+
+  // Whether there were that many.
+  [[nodiscard]] bool Happened() const;
+};
+
 }  // namespace halyard::test

@@ -9,11 +9,16 @@ namespace halyard::test {
 // The number of an allocation that never comes.
 inline constexpr std::size_t kNoAllocation = static_cast<std::size_t>(-1);
 
+// Whether an allocation counts that is asked for at that place of the program's code.
+using CodeTest = bool (*)(const void* place);
+
 // While it lives, allocation number `which` (1 for the first) fails; the others succeed.
-// With `only_while`, allocations count while that is true.
+// With `only_while`, allocations count while that is true; with `only_from`, those that
+// such code asks for.
 class FailingAllocation {
  public:
   explicit FailingAllocation(std::size_t which, const bool* only_while = nullptr);
+  FailingAllocation(std::size_t which, CodeTest only_from);
   ~FailingAllocation();
   FailingAllocation(const FailingAllocation&) = delete;
   FailingAllocation& operator=(const FailingAllocation&) = delete;

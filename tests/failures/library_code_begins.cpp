@@ -1,0 +1,3 @@
+#include "tests/failures/library_code.h"
+
+void halyard::test::LibraryCodeBegins() {}
