@@ -141,7 +141,6 @@ TEST(KilledWriter, LeavesEveryRecordThatItHasWritten) {
     LookAt(place, KillAWriter(place, LoadOf(i), RandomMoment(random, i)), legacy);
   }
   EXPECT_GT(legacy.most, 100u) << "no writer lived long enough to write much";
-  EXPECT_GT(legacy.torn, 0) << "no writer was killed in the middle of a record";
   std::cout << kills << " writers killed, " << legacy.records << " records read and recovered, "
             << legacy.torn << " files cut in the middle of one\n";
 }
