@@ -107,8 +107,12 @@ void OddVariants::AddArrays() {
     const std::string name = "array of type " + std::to_string(type);
     Add("no " + name, VT_ARRAY | type);
 #ifdef _WIN32
-    Add(name, VT_ARRAY | type).parray = SafeArrayCreateVector(static_cast<VARTYPE>(type), 0, 2);
+    SAFEARRAY* array = SafeArrayCreateVector(static_cast<VARTYPE>(type), 0, 2);
+    Add(name, VT_ARRAY | type).parray = array;
+    Add("reference to an " + name, VT_BYREF | VT_ARRAY | type).pparray = &arrays_.emplace_back(array);
 #endif
+    Add("reference to no " + name, VT_BYREF | VT_ARRAY | type).pparray = &arrays_.emplace_back(nullptr);
+    Add("reference to no place of an " + name, VT_BYREF | VT_ARRAY | type).pparray = nullptr;
   }
 }
 
@@ -118,8 +122,8 @@ void OddVariants::AddImpossible() {
 
 OddVariants::~OddVariants() {
 #ifdef _WIN32
-  for (const Row& row : rows_) {
-    if ((row.value.vt & VT_ARRAY) != 0 && row.value.parray != nullptr) SafeArrayDestroy(row.value.parray);
+  for (SAFEARRAY* array : arrays_) {
+    if (array != nullptr) SafeArrayDestroy(array);
   }
 #endif
 }

@@ -1,6 +1,7 @@
 // Automation values of every kind that a client can pass where none of them belongs.
 #pragma once
 
+#include <deque>
 #include <string>
 #include <vector>
 
@@ -43,6 +44,7 @@ class OddVariants {
   LONG long_ = 1;
   double real_ = 1.0;
   DECIMAL decimal_{};
+  std::deque<SAFEARRAY*> arrays_;  // null ones too, for references; they stay in their places
 };
 
 }  // namespace halyard::test
